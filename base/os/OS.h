@@ -1,0 +1,51 @@
+#pragma once
+
+// The process-wide services of the operating-system layer, reached through OS(). The first three
+// (allocator, reference counts, keyboard state) are what every string, pointer and button relies
+// on; later services (clipboard, files, drives) are added behind them. Each service sits behind an
+// interface of its own so that a test driver or a display can substitute it without touching the
+// others. Every service works from any thread.
+
+#include <cstddef>
+
+// Raw memory for shared blocks such as string bodies.
+class iAllocator {
+public:
+    virtual ~iAllocator() = default;
+    virtual void* allocate(std::size_t size) = 0;
+    virtual void free(void* block) = 0;
+};
+
+// Reference counts by key: the key is the address of a 32-bit count word, which lives inside a
+// counted object or in a separate allocation. Adding and releasing are atomic.
+class iRefCountTable {
+public:
+    virtual ~iRefCountTable() = default;
+    virtual void addRef(void* key) = 0;
+    // Answers the count that remains after the release.
+    virtual unsigned release(void* key) = 0;
+    virtual unsigned count(void const* key) const = 0;
+};
+
+// Which modifier keys are held now, as the key-code modifier bits (0x1000000 Shift, 0x2000000 Ctrl,
+// 0x4000000 Alt, 0x100000 command).
+class iKeyboardState {
+public:
+    virtual ~iKeyboardState() = default;
+    virtual bool isKeyDown(unsigned modifierMask) const = 0;
+};
+
+class iOS {
+public:
+    virtual ~iOS() = default;
+
+    virtual iAllocator& allocator() = 0;
+    virtual iRefCountTable& refCounts() = 0;
+    virtual bool isKeyDown(unsigned modifierMask) const = 0;
+
+    // The keyboard state is supplied by the display in use (or a test driver); null restores the
+    // built-in one, which reports no key held.
+    virtual void setKeyboardState(iKeyboardState* state) = 0;
+};
+
+iOS* OS();
