@@ -1,17 +1,18 @@
 #include "qor/LightweightString.h"
 
+#include "qor/CharCase.h"
+
 #include <algorithm>
 #include <bit>
-#include <cwctype>
 #include <stdexcept>
 
 namespace {
 
 char foldCase(char c) noexcept {
-    return (c >= 'A' && c <= 'Z') ? char(c - 'A' + 'a') : c;
+    return Qor::asciiToLower(c);
 }
 wchar_t foldCase(wchar_t c) noexcept {
-    return wchar_t(std::towlower(wint_t(c)));
+    return Qor::wideToLower(c);
 }
 
 template <class T>

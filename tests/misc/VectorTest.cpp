@@ -1,0 +1,48 @@
+#include "misc/LightweightVector.h"
+#include "misc/Vector.h"
+
+#include <gtest/gtest.h>
+
+TEST(Vector, NamedEditsKeepOrderAndIgnoreIndexesOutOfRange) {
+    Vector<int> v{1, 2, 3};
+    EXPECT_EQ(v.add(4), 3u);
+    v.insert(0, 0);
+    v.insert(9, 100);
+    EXPECT_EQ(v, (Vector<int>{0, 1, 2, 3, 4, 9}));
+    v.remove(1, 2);
+    EXPECT_EQ(v, (Vector<int>{0, 3, 4, 9}));
+    v.remove(3, 10);
+    v.remove(10, 1);
+    v.removeIdx(0);
+    EXPECT_EQ(v, (Vector<int>{3, 4}));
+    EXPECT_TRUE(v.removeItem(4));
+    EXPECT_FALSE(v.removeItem(4));
+    EXPECT_EQ(v.indexOf(3), 0u);
+    EXPECT_EQ(v.indexOf(42), v.size());
+}
+
+TEST(LightweightVector, CopiesShareOneArray) {
+    LightweightVector<int> a;
+    LightweightVector<int> b = a;
+    b.push_back(1);
+    a.push_back(2);
+    ASSERT_EQ(a.size(), 2u);
+    EXPECT_EQ(b[0], 1);
+    EXPECT_EQ(b[1], 2);
+    LightweightVector<int> separate = a.copy();
+    separate.push_back(3);
+    EXPECT_EQ(a.size(), 2u);
+    EXPECT_FALSE(separate.sharesWith(a));
+    a.erase(0u);
+    EXPECT_EQ(b.size(), 1u);
+    EXPECT_EQ(b[0], 2);
+}
+
+TEST(LightweightVector, ArrayOutlivesTheVectorThatMadeItWhileShared) {
+    LightweightVector<std::string>* first = new LightweightVector<std::string>;
+    first->push_back("kept");
+    LightweightVector<std::string> second = *first;
+    delete first;
+    ASSERT_EQ(second.size(), 1u);
+    EXPECT_EQ(second[0], "kept");
+}
