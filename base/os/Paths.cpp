@@ -83,8 +83,9 @@ bool makeDirectories(std::string const& path) {
 bool writeFileAtomically(std::string const& path, std::string const& contents) {
     if (!makeDirectories(parentOf(path)))
         return false;
-    std::string temporary = path + ".tmp." + std::to_string(::getpid());
-    int fd = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    // A unique temporary name, so that two writers of the same file never share one.
+    std::string temporary = path + ".XXXXXX";
+    int fd = ::mkostemp(temporary.data(), O_CLOEXEC);
     if (fd < 0)
         return false;
     bool ok = writeAll(fd, contents) && ::fsync(fd) == 0;

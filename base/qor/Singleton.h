@@ -10,10 +10,34 @@
 
 #include <loki/Singleton.h>
 
+#include <mutex>
+
 namespace Qor {
 
+// Class-level locking for the creation of a singleton. The mutex is a function-local static, so it
+// exists before first use even when another library's static initialiser asks for the singleton.
+template <class Host, class MutexPolicy>
+class SingletonLocking {
+public:
+    class Lock {
+    public:
+        Lock() : hold_(mutex()) {}
+        explicit Lock(Host const&) : Lock() {}
+
+    private:
+        std::lock_guard<std::recursive_mutex> hold_;
+    };
+    using VolatileType = volatile Host;
+
+private:
+    static std::recursive_mutex& mutex() {
+        static std::recursive_mutex m;
+        return m;
+    }
+};
+
 template <class T>
-using Singleton = Loki::SingletonHolder<T, Loki::CreateUsingNew, Loki::DeletableSingleton,
-                                        Loki::ClassLevelLockable>;
+using Singleton =
+    Loki::SingletonHolder<T, Loki::CreateUsingNew, Loki::DeletableSingleton, SingletonLocking>;
 
 } // namespace Qor
