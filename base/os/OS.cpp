@@ -20,7 +20,8 @@ public:
 class AtomicRefCounts final : public iRefCountTable {
 public:
     void addRef(void* key) override {
-        std::atomic_ref<unsigned>(*static_cast<unsigned*>(key)).fetch_add(1, std::memory_order_relaxed);
+        std::atomic_ref<unsigned>(*static_cast<unsigned*>(key))
+            .fetch_add(1, std::memory_order_relaxed);
     }
     unsigned release(void* key) override {
         return std::atomic_ref<unsigned>(*static_cast<unsigned*>(key))

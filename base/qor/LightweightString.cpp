@@ -47,7 +47,7 @@ unsigned LightweightString<T>::rawLength(T const* text) noexcept {
 
 template <class T>
 typename LightweightString<T>::ImplPtr LightweightString<T>::createImpl(unsigned length,
-                                                                         bool roundUp) {
+                                                                        bool roundUp) {
     if (length >= 0x7fffffffu)
         throw std::length_error("LightweightString: text too long");
     unsigned capacity = roundUp ? std::bit_ceil(length + 1) : length + 1;

@@ -115,7 +115,9 @@ public:
     friend bool operator==(LightweightString const& a, LightweightString const& b) {
         return a.size() == b.size() && a.compare(b) == 0;
     }
-    friend bool operator==(LightweightString const& a, T const* b) { return compare(a.c_str(), b) == 0; }
+    friend bool operator==(LightweightString const& a, T const* b) {
+        return compare(a.c_str(), b) == 0;
+    }
     friend bool operator<(LightweightString const& a, LightweightString const& b) {
         return a.compare(b) < 0;
     }

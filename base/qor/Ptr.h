@@ -76,22 +76,22 @@ public:
 
     Ptr() noexcept = default;
     Ptr(std::nullptr_t) noexcept {}
-    explicit Ptr(T* object) : key_(object ? RefCountTraits::adopt(object) : nullptr), object_(object) {
+    explicit Ptr(T* object)
+        : key_(object ? RefCountTraits::adopt(object) : nullptr), object_(object) {
         addRef();
     }
-    Ptr(SharedCount, void* key, T* object) noexcept : key_(object ? key : nullptr), object_(object) {
+    Ptr(SharedCount, void* key, T* object) noexcept
+        : key_(object ? key : nullptr), object_(object) {
         addRef();
     }
     Ptr(Ptr const& other) noexcept : key_(other.key_), object_(other.object_) { addRef(); }
     Ptr(Ptr&& other) noexcept
-        : key_(std::exchange(other.key_, nullptr)), object_(std::exchange(other.object_, nullptr)) {}
+        : key_(std::exchange(other.key_, nullptr)), object_(std::exchange(other.object_, nullptr)) {
+    }
 
     template <class U>
-        requires std::is_convertible_v<U*, T*>
-    Ptr(Ptr<U, DtorTraits, RefCountTraits> const& other) noexcept
-        : key_(other.key()), object_(other.get()) {
-        addRef();
-    }
+    requires std::is_convertible_v<U*, T*> Ptr(Ptr<U, DtorTraits, RefCountTraits> const& other)
+    noexcept : key_(other.key()), object_(other.get()) { addRef(); }
 
     ~Ptr() { drop(); }
 
@@ -160,7 +160,8 @@ Ptr<U, D, R> dynamic_ptr_cast(Ptr<T, D, R> const& from) {
 
 template <class U, class T, class D, class R>
 Ptr<U, D, R> static_ptr_cast(Ptr<T, D, R> const& from) {
-    return Ptr<U, D, R>(typename Ptr<U, D, R>::SharedCount{}, from.key(), static_cast<U*>(from.get()));
+    return Ptr<U, D, R>(typename Ptr<U, D, R>::SharedCount{}, from.key(),
+                        static_cast<U*>(from.get()));
 }
 
 // Makes a counted object in one go.

@@ -22,9 +22,11 @@ struct Rec : DLListRec {
 
 std::vector<int> values(DLList& list) {
     std::vector<int> out;
-    list.apply([](DLListRec* r, void* arg) {
-        static_cast<std::vector<int>*>(arg)->push_back(static_cast<Rec*>(r)->value);
-    }, &out);
+    list.apply(
+        [](DLListRec* r, void* arg) {
+            static_cast<std::vector<int>*>(arg)->push_back(static_cast<Rec*>(r)->value);
+        },
+        &out);
     return out;
 }
 
@@ -87,15 +89,17 @@ TEST(DLList, ApplySurvivesRemovalOfTheCurrentAndTheNextRecord) {
         std::vector<int> seen;
     } visit{&list, {}};
     // Visiting 2 deletes 2 itself and 3, the record the walk would go to next.
-    list.apply([](DLListRec* r, void* arg) {
-        auto* v = static_cast<Visit*>(arg);
-        auto* rec = static_cast<Rec*>(r);
-        v->seen.push_back(rec->value);
-        if (rec->value == 2) {
-            delete rec->next();
-            delete rec;
-        }
-    }, &visit);
+    list.apply(
+        [](DLListRec* r, void* arg) {
+            auto* v = static_cast<Visit*>(arg);
+            auto* rec = static_cast<Rec*>(r);
+            v->seen.push_back(rec->value);
+            if (rec->value == 2) {
+                delete rec->next();
+                delete rec;
+            }
+        },
+        &visit);
     EXPECT_EQ(visit.seen, (std::vector<int>{1, 2, 4, 5, 6}));
     EXPECT_EQ(deaths, 2);
     EXPECT_EQ(values(list), (std::vector<int>{1, 4, 5, 6}));
@@ -110,15 +114,19 @@ TEST(DLList, NestedApplyKeepsTheOuterWalkOnTrack) {
         std::vector<int> seen;
     } visit{&list, {}};
     // While visiting 1, an inner walk deletes 2: the outer walk must go on at 3.
-    list.apply([](DLListRec* r, void* arg) {
-        auto* v = static_cast<Visit*>(arg);
-        v->seen.push_back(static_cast<Rec*>(r)->value);
-        if (static_cast<Rec*>(r)->value == 1)
-            v->list->apply([](DLListRec* inner, void*) {
-                if (static_cast<Rec*>(inner)->value == 2)
-                    delete inner;
-            }, nullptr);
-    }, &visit);
+    list.apply(
+        [](DLListRec* r, void* arg) {
+            auto* v = static_cast<Visit*>(arg);
+            v->seen.push_back(static_cast<Rec*>(r)->value);
+            if (static_cast<Rec*>(r)->value == 1)
+                v->list->apply(
+                    [](DLListRec* inner, void*) {
+                        if (static_cast<Rec*>(inner)->value == 2)
+                            delete inner;
+                    },
+                    nullptr);
+        },
+        &visit);
     EXPECT_EQ(visit.seen, (std::vector<int>{1, 3, 4}));
 }
 

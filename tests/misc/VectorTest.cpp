@@ -1,5 +1,5 @@
-#include "misc/LightweightVector.h"
 #include "misc/Vector.h"
+#include "misc/LightweightVector.h"
 
 #include <gtest/gtest.h>
 

@@ -32,8 +32,7 @@ TEST(UTF8, InvalidBytesBecomeReplacementCharacters) {
         {"valid after invalid", "\xC3\xC3\xA9", L"\uFFFD\u00E9"},
     };
     for (auto const& c : cases) {
-        LightweightString<wchar_t> decoded =
-            fromUTF8(c.bytes.data(), unsigned(c.bytes.size()));
+        LightweightString<wchar_t> decoded = fromUTF8(c.bytes.data(), unsigned(c.bytes.size()));
         EXPECT_EQ(decoded.str(), c.expected) << c.name;
     }
 }
