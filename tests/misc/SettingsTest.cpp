@@ -1,7 +1,7 @@
 #include "misc/Settings.h"
 
 #include "os/Paths.h"
-#include "qor/DecimalCommaLocale.h"
+#include "support/DecimalCommaLocale.h"
 #include "support/DiagnosticCapture.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryDirectory.h"
