@@ -1,18 +1,34 @@
 #pragma once
 
-// Every public header of the base layer and the toolkit.
+// Every public header of the base layer and the toolkit (the test driver apart).
 
+#include "glib/Colour.h"
+#include "misc/Config.h"
+#include "misc/DLList.h"
+#include "misc/DataConvert.h"
+#include "misc/JSON.h"
+#include "misc/LightweightVector.h"
+#include "misc/Preferences.h"
+#include "misc/ResourceTable.h"
+#include "misc/Resources.h"
+#include "misc/Settings.h"
+#include "misc/Vector.h"
 #include "os/Clock.h"
 #include "os/CriticalSection.h"
 #include "os/Diagnostics.h"
+#include "os/Files.h"
 #include "os/OS.h"
 #include "os/Paths.h"
 #include "qor/Box.h"
+#include "qor/CharCase.h"
 #include "qor/Exception.h"
 #include "qor/IdStamp.h"
 #include "qor/LightweightString.h"
 #include "qor/Ptr.h"
 #include "qor/Singleton.h"
+#include "qor/Strings.h"
+#include "qor/UIString.h"
+#include "qor/UTF8.h"
 #include "qor/XY.h"
 
 #include "foundation/Version.h"
