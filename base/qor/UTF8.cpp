@@ -1,6 +1,7 @@
 #include "qor/UTF8.h"
 
 #include <cstring>
+#include <string>
 
 namespace {
 
@@ -10,7 +11,7 @@ bool isScalarValue(unsigned long c) {
     return c <= 0x10FFFF && (c < 0xD800 || c > 0xDFFF);
 }
 
-void encode(unsigned long c, LightweightString<char>& out) {
+void encode(unsigned long c, std::string& out) {
     if (!isScalarValue(c))
         c = replacement;
     char bytes[4];
@@ -73,12 +74,14 @@ unsigned decode(unsigned char const* s, unsigned available, unsigned long& c) {
 
 } // namespace
 
+// Both directions collect into a plain buffer and make the shared string once: appending
+// character by character to a shared string would check its ownership on every character.
 LightweightString<char> toUTF8(LightweightString<wchar_t> const& text) {
-    LightweightString<char> out;
-    out.resizeFor(text.size());
+    std::string out;
+    out.reserve(text.size());
     for (wchar_t c : text)
         encode(static_cast<unsigned long>(static_cast<unsigned>(c)), out);
-    return out;
+    return LightweightString<char>(out.data(), unsigned(out.size()));
 }
 
 LightweightString<char> toUTF8(wchar_t const* text) {
@@ -86,8 +89,8 @@ LightweightString<char> toUTF8(wchar_t const* text) {
 }
 
 LightweightString<wchar_t> fromUTF8(char const* text, unsigned length) {
-    LightweightString<wchar_t> out;
-    out.resizeFor(length);
+    std::wstring out;
+    out.reserve(length);
     auto const* s = reinterpret_cast<unsigned char const*>(text);
     unsigned i = 0;
     while (i < length) {
@@ -96,7 +99,7 @@ LightweightString<wchar_t> fromUTF8(char const* text, unsigned length) {
         out.push_back(used != 0 ? wchar_t(c) : replacement);
         i += used != 0 ? used : 1;
     }
-    return out;
+    return LightweightString<wchar_t>(out.data(), unsigned(out.size()));
 }
 
 LightweightString<wchar_t> fromUTF8(char const* text) {
