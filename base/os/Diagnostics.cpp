@@ -62,20 +62,19 @@ void emit(std::string const& line) {
 
 } // namespace
 
+// Both names reach the console and the log alike; there are no levels.
 void diag_printf(char const* fmt, ...) {
     va_list args;
     va_start(args, fmt);
-    std::string line = format(fmt, args);
+    emit(format(fmt, args));
     va_end(args);
-    emit(line);
 }
 
 void LogBoth(char const* fmt, ...) {
     va_list args;
     va_start(args, fmt);
-    std::string line = format(fmt, args);
+    emit(format(fmt, args));
     va_end(args);
-    emit(line);
 }
 
 namespace Diagnostics {

@@ -77,7 +77,8 @@ bool makeDirectories(std::string const& path) {
     std::string parent = parentOf(path);
     if (parent != path && !makeDirectories(parent))
         return false;
-    return ::mkdir(path.c_str(), 0700) == 0 || errno == EEXIST;
+    // Another process may make it at the same moment; what counts is that a folder is there.
+    return ::mkdir(path.c_str(), 0700) == 0 || (errno == EEXIST && isDirectory(path));
 }
 
 bool writeFileAtomically(std::string const& path, std::string const& contents) {

@@ -32,6 +32,16 @@ bool sameChars(T const* a, T const* b, unsigned count, bool caseSensitive) noexc
     return true;
 }
 
+// Orders by code unit after `fold`, then by length.
+template <class T, class Fold>
+int compareFolded(LightweightString<T> const& a, LightweightString<T> const& b, Fold fold) {
+    unsigned n = std::min(a.size(), b.size());
+    for (unsigned i = 0; i < n; ++i)
+        if (int d = compareChars(fold(a[i]), fold(b[i])))
+            return d;
+    return a.size() < b.size() ? -1 : (a.size() > b.size() ? 1 : 0);
+}
+
 } // namespace
 
 template <class T>
@@ -296,24 +306,12 @@ unsigned LightweightString<T>::rfind(T const* text, unsigned from) const {
 
 template <class T>
 int LightweightString<T>::compare(LightweightString const& other) const {
-    unsigned n = std::min(size(), other.size());
-    T const* a = c_str();
-    T const* b = other.c_str();
-    for (unsigned i = 0; i < n; ++i)
-        if (int d = compareChars(a[i], b[i]))
-            return d;
-    return size() < other.size() ? -1 : (size() > other.size() ? 1 : 0);
+    return compareFolded(*this, other, [](T c) { return c; });
 }
 
 template <class T>
 int LightweightString<T>::compareCaseInsensitive(LightweightString const& other) const {
-    unsigned n = std::min(size(), other.size());
-    T const* a = c_str();
-    T const* b = other.c_str();
-    for (unsigned i = 0; i < n; ++i)
-        if (int d = compareChars(foldCase(a[i]), foldCase(b[i])))
-            return d;
-    return size() < other.size() ? -1 : (size() > other.size() ? 1 : 0);
+    return compareFolded(*this, other, [](T c) { return foldCase(c); });
 }
 
 template <class T>
