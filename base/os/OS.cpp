@@ -1,5 +1,8 @@
 #include "os/OS.h"
 
+#include "os/CriticalSection.h"
+#include "qor/LightweightString.h"
+
 #include <atomic>
 #include <cstdlib>
 #include <new>
@@ -39,6 +42,22 @@ public:
     bool isKeyDown(unsigned) const override { return false; }
 };
 
+class ProcessClipboard final : public iClipboard {
+public:
+    void setText(Channel channel, LightweightString<wchar_t> const& text) override {
+        CriticalSection::Lock hold(lock_);
+        texts_[channel == Selection ? 1 : 0] = text;
+    }
+    LightweightString<wchar_t> getText(Channel channel) override {
+        CriticalSection::Lock hold(lock_);
+        return texts_[channel == Selection ? 1 : 0];
+    }
+
+private:
+    CriticalSection lock_;
+    LightweightString<wchar_t> texts_[2];
+};
+
 class LinuxOS final : public iOS {
 public:
     iAllocator& allocator() override { return allocator_; }
@@ -49,12 +68,32 @@ public:
     void setKeyboardState(iKeyboardState* state) override {
         keyboard_.store(state != nullptr ? state : &noKeys_, std::memory_order_release);
     }
+    void setClipboardText(LightweightString<wchar_t> const& text) override {
+        clipboard().setText(iClipboard::Clipboard, text);
+    }
+    LightweightString<wchar_t> getClipboardText() override {
+        return clipboard().getText(iClipboard::Clipboard);
+    }
+    void setSelectionText(LightweightString<wchar_t> const& text) override {
+        clipboard().setText(iClipboard::Selection, text);
+    }
+    LightweightString<wchar_t> getSelectionText() override {
+        return clipboard().getText(iClipboard::Selection);
+    }
+    void setClipboard(iClipboard* clipboard) override {
+        clipboard_.store(clipboard != nullptr ? clipboard : &processClipboard_,
+                         std::memory_order_release);
+    }
 
 private:
     MallocAllocator allocator_;
     AtomicRefCounts refCounts_;
+    iClipboard& clipboard() { return *clipboard_.load(std::memory_order_acquire); }
+
     NoKeysHeld noKeys_;
     std::atomic<iKeyboardState*> keyboard_{&noKeys_};
+    ProcessClipboard processClipboard_;
+    std::atomic<iClipboard*> clipboard_{&processClipboard_};
 };
 
 } // namespace

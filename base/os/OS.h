@@ -8,6 +8,9 @@
 
 #include <cstddef>
 
+template <class T>
+class LightweightString;
+
 // Raw memory for shared blocks such as string bodies.
 class iAllocator {
 public:
@@ -35,6 +38,16 @@ public:
     virtual bool isKeyDown(unsigned modifierMask) const = 0;
 };
 
+// Text to copy and paste. Two channels: the clipboard (copy, cut, paste) and the selection (what
+// is selected now, pasted with the middle button).
+class iClipboard {
+public:
+    enum Channel { Clipboard = 0, Selection = 1 };
+    virtual ~iClipboard() = default;
+    virtual void setText(Channel channel, LightweightString<wchar_t> const& text) = 0;
+    virtual LightweightString<wchar_t> getText(Channel channel) = 0;
+};
+
 class iOS {
 public:
     virtual ~iOS() = default;
@@ -46,6 +59,14 @@ public:
     // The keyboard state is supplied by the display in use (or a test driver); null restores the
     // built-in one, which reports no key held.
     virtual void setKeyboardState(iKeyboardState* state) = 0;
+
+    virtual void setClipboardText(LightweightString<wchar_t> const& text) = 0;
+    virtual LightweightString<wchar_t> getClipboardText() = 0;
+    virtual void setSelectionText(LightweightString<wchar_t> const& text) = 0;
+    virtual LightweightString<wchar_t> getSelectionText() = 0;
+    // The display in use supplies the clipboard; null restores the built-in one, which keeps the
+    // text within the process.
+    virtual void setClipboard(iClipboard* clipboard) = 0;
 };
 
 iOS* OS();

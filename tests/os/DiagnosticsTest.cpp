@@ -3,12 +3,11 @@
 #include "qor/IdStamp.h"
 
 #include "support/DiagnosticCapture.h"
+#include "support/OnThreads.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
-#include <thread>
-#include <vector>
 
 namespace {
 std::size_t occurrences(std::string const& haystack, std::string const& needle) {
@@ -40,14 +39,10 @@ TEST(Diagnostics, EachLineReachesTheLogFileAndTheListenerOnce) {
 TEST(Diagnostics, LinesFromManyThreadsNeverInterleave) {
     std::string marker = std::string("threaded ") + IdStamp().asString().c_str();
     DiagnosticCapture capture;
-    std::vector<std::thread> threads;
-    for (int t = 0; t < 4; ++t)
-        threads.emplace_back([&marker, t] {
-            for (int i = 0; i < 50; ++i)
-                diag_printf("%s thread %d line %d end", marker.c_str(), t, i);
-        });
-    for (auto& t : threads)
-        t.join();
+    onThreads(4, [&marker](int t) {
+        for (int i = 0; i < 50; ++i)
+            diag_printf("%s thread %d line %d end", marker.c_str(), t, i);
+    });
     std::string log;
     ASSERT_TRUE(Paths::readFile(Diagnostics::logFilePath(), log));
     EXPECT_EQ(occurrences(log, marker), 200u);

@@ -1,9 +1,8 @@
 #include "os/OS.h"
 
-#include <gtest/gtest.h>
+#include "support/OnThreads.h"
 
-#include <thread>
-#include <vector>
+#include <gtest/gtest.h>
 
 namespace {
 struct HeldKeys : iKeyboardState {
@@ -25,27 +24,12 @@ TEST(OS, KeyboardStateCanBeSubstitutedAndRestored) {
 
 TEST(OS, ReferenceCountsAreExactAcrossThreads) {
     unsigned count = 0;
-    std::vector<std::thread> threads;
-    for (int t = 0; t < 4; ++t)
-        threads.emplace_back([&count] {
-            for (int i = 0; i < 50000; ++i)
-                OS()->refCounts().addRef(&count);
-            for (int i = 0; i < 49999; ++i)
-                OS()->refCounts().release(&count);
-        });
-    for (auto& t : threads)
-        t.join();
+    onThreads(4, [&count](int) {
+        for (int i = 0; i < 50000; ++i)
+            OS()->refCounts().addRef(&count);
+        for (int i = 0; i < 49999; ++i)
+            OS()->refCounts().release(&count);
+    });
     EXPECT_EQ(OS()->refCounts().count(&count), 4u);
     EXPECT_EQ(OS()->refCounts().release(&count), 3u);
-}
-
-TEST(OS, AllocatorGivesUsableBlocks) {
-    auto* block = static_cast<unsigned char*>(OS()->allocator().allocate(64));
-    for (int i = 0; i < 64; ++i)
-        block[i] = static_cast<unsigned char>(i);
-    EXPECT_EQ(block[63], 63);
-    OS()->allocator().free(block);
-    void* empty = OS()->allocator().allocate(0);
-    EXPECT_NE(empty, nullptr);
-    OS()->allocator().free(empty);
 }

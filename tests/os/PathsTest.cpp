@@ -1,13 +1,12 @@
 #include "os/Paths.h"
 
+#include "support/OnThreads.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryDirectory.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <thread>
-#include <vector>
 
 TEST(Paths, XdgFoldersAreUsedOnlyWhenAbsolute) {
     ScopedEnvironment env;
@@ -42,15 +41,11 @@ TEST(Paths, AtomicWriteCreatesFoldersReplacesWholeFilesAndLeavesNoTemporaries) {
 TEST(Paths, ConcurrentWritersOfOneFileEachLeaveAWholeVersion) {
     TemporaryDirectory dir;
     std::string path = dir.file("shared.txt");
-    std::vector<std::thread> writers;
-    for (int t = 0; t < 4; ++t)
-        writers.emplace_back([&path, t] {
-            std::string text(1000 + t, char('a' + t));
-            for (int i = 0; i < 20; ++i)
-                EXPECT_TRUE(Paths::writeFileAtomically(path, text));
-        });
-    for (auto& w : writers)
-        w.join();
+    onThreads(4, [&path](int t) {
+        std::string text(1000 + t, char('a' + t));
+        for (int i = 0; i < 20; ++i)
+            EXPECT_TRUE(Paths::writeFileAtomically(path, text));
+    });
     std::string contents;
     ASSERT_TRUE(Paths::readFile(path, contents));
     ASSERT_GE(contents.size(), 1000u);

@@ -1,0 +1,182 @@
+#include "glib/DrawingHelpers.h"
+
+#include "glib/Canvas.h"
+#include "glib/CanvasRenderer.h"
+#include "glib/DrawingState.h"
+#include "glib/Path.h"
+
+#include <algorithm>
+#include <cairo.h>
+
+namespace {
+
+void fillBox(CanvasRenderer& r, Colour const& colour, Box const& box) {
+    Glib::RectDescription rect;
+    rect.box = box;
+    rect.colour = fromColour(colour);
+    r.renderPrimitive(rect);
+}
+
+// A one-pixel line from one pixel to another, both included, when the run isn't reversed.
+void drawRun(CanvasRenderer& r, NormalisedRGB const& colour, XY<int> const& from,
+             XY<int> const& to) {
+    if (to.x < from.x || to.y < from.y)
+        return;
+    Glib::LineDescription line;
+    line.from = from;
+    line.to = to;
+    line.colour = colour;
+    r.renderPrimitive(line);
+}
+
+Colour lighter(Colour const& colour) {
+    return Colour::mix(colour, Colour(1.0, 1.0, 1.0), 0.5);
+}
+
+void setSource(cairo_t* cr, Colour const& colour) {
+    NormalisedRGB c = fromColour(colour);
+    cairo_set_source_rgba(cr, c.r, c.g, c.b, c.a);
+}
+
+} // namespace
+
+namespace Glib {
+
+double cornerRadius() {
+    // Four interface pixels; the interface scale is 1 until scaled drawing arrives.
+    return 4.0;
+}
+
+void drawDepthBox(CanvasRenderer& r, Colour const& colour, Box const& box, int bevel, int depth) {
+    fillBox(r, colour, box);
+    if (depth == 0)
+        return;
+    NormalisedRGB light = fromColour(lighter(colour));
+    NormalisedRGB dark = fromColour(getIndentBoxColour(colour));
+    NormalisedRGB topLeft = depth > 0 ? light : dark;
+    NormalisedRGB bottomRight = depth > 0 ? dark : light;
+    for (int i = 0; i < bevel; ++i) {
+        Box ring = box.inset(i);
+        if (ring.isEmpty())
+            break;
+        int left = ring.x1, bottom = ring.y1, right = ring.x2 - 1, top = ring.y2 - 1;
+        drawRun(r, topLeft, XY<int>(left, top), XY<int>(right, top));
+        drawRun(r, topLeft, XY<int>(left, bottom), XY<int>(left, top - 1));
+        drawRun(r, bottomRight, XY<int>(left + 1, bottom), XY<int>(right, bottom));
+        drawRun(r, bottomRight, XY<int>(right, bottom + 1), XY<int>(right, top - 1));
+    }
+}
+
+void drawFocusRect(CanvasRenderer& r, Box const& box, Colour const& colour) {
+    cairo_t* cr = r.context();
+    if (cr == nullptr || box.isEmpty())
+        return;
+    // Dots where x + y is even, so that the pattern lines up across neighbouring boxes.
+    auto dot = [cr](int x, int y) {
+        if (((x + y) & 1) == 0)
+            cairo_rectangle(cr, x, y, 1, 1);
+    };
+    cairo_new_path(cr);
+    int const top = box.y2 - 1, right = box.x2 - 1;
+    for (int x = box.x1; x <= right; ++x) {
+        dot(x, box.y1);
+        if (top != box.y1)
+            dot(x, top);
+    }
+    for (int y = box.y1 + 1; y < top; ++y) {
+        dot(box.x1, y);
+        if (right != box.x1)
+            dot(right, y);
+    }
+    setSource(cr, colour);
+    cairo_fill(cr);
+    r.addModifiedArea(box);
+}
+
+void drawFrame(CanvasRenderer& r, Colour const& colour, Box const& box, unsigned short thickness) {
+    int t = thickness;
+    if (t == 0 || box.isEmpty())
+        return;
+    if (2 * t >= box.width() || 2 * t >= box.height()) {
+        fillBox(r, colour, box);
+        return;
+    }
+    fillBox(r, colour, Box(box.x1, box.y1, box.x2, box.y1 + t));
+    fillBox(r, colour, Box(box.x1, box.y2 - t, box.x2, box.y2));
+    fillBox(r, colour, Box(box.x1, box.y1 + t, box.x1 + t, box.y2 - t));
+    fillBox(r, colour, Box(box.x2 - t, box.y1 + t, box.x2, box.y2 - t));
+}
+
+void drawIndentBox(CanvasRenderer& r, Colour const& colour, Box const& box) {
+    drawDepthBox(r, colour, box, 1, -1);
+}
+
+void drawOutlinedRect(CanvasRenderer& r, Colour const& outline, Colour const& fill,
+                      Box const& box) {
+    fillBox(r, fill, box.inset(1));
+    drawFrame(r, outline, box, 1);
+}
+
+void drawRoundedRect(CanvasRenderer& r, Colour const& fill, Colour const& edge, Box const& box,
+                     int lineWidth, unsigned corners, unsigned short thickness) {
+    drawRoundedRectFilled(r, fill, box, corners);
+    drawRoundedRectOutline(r, edge, box, lineWidth, corners, thickness);
+}
+
+void drawRoundedRectFilled(CanvasRenderer& r, Colour const& colour, Box const& box,
+                           unsigned corners) {
+    cairo_t* cr = r.context();
+    if (cr == nullptr || box.isEmpty())
+        return;
+    Path path;
+    path.addRoundedRect(box.x1, box.y1, box.width(), box.height(), cornerRadius(), corners);
+    path.replay(cr);
+    setSource(cr, colour);
+    cairo_fill(cr);
+    r.addModifiedArea(box);
+}
+
+void drawRoundedRectOutline(CanvasRenderer& r, Colour const& colour, Box const& box, int lineWidth,
+                            unsigned corners, unsigned short thickness) {
+    cairo_t* cr = r.context();
+    if (cr == nullptr || box.isEmpty() || lineWidth <= 0)
+        return;
+    double inset = thickness - lineWidth / 2.0;
+    Path path;
+    path.addRoundedRect(box.x1 + inset, box.y1 + inset, box.width() - 2 * inset,
+                        box.height() - 2 * inset, std::max(0.0, cornerRadius() - inset), corners);
+    // Cut to the rounded box itself, so that a stroke on its edge doesn't stick out at corners.
+    Path shape;
+    shape.addRoundedRect(box.x1, box.y1, box.width(), box.height(), cornerRadius(), corners);
+    cairo_save(cr);
+    shape.replay(cr);
+    cairo_clip(cr);
+    path.replay(cr);
+    setSource(cr, colour);
+    cairo_set_line_width(cr, lineWidth);
+    cairo_stroke(cr);
+    cairo_restore(cr);
+    r.addModifiedArea(box);
+}
+
+} // namespace Glib
+
+void indent_box(Colour const& colour, int x, int y, int w, int h) {
+    Glib::DrawingState const& state = Glib::DrawingState::current();
+    if (state.canvas == nullptr)
+        return;
+    Box box = Box(x, y, x + w, y + h).translated(state.translation.x, state.translation.y);
+    Glib::drawIndentBox(state.canvas->renderer(), colour, box);
+}
+
+Colour getIndentBoxColour(Colour const& colour) {
+    return scale(colour, 0.6);
+}
+
+void drawTitleButtonSeparator(CanvasRenderer& r, Box const& box) {
+    if (box.isEmpty())
+        return;
+    drawRun(r, NormalisedRGB(0, 0, 0, 0.25f), XY<int>(box.x1, box.y1), XY<int>(box.x1, box.y2 - 1));
+    drawRun(r, NormalisedRGB(1, 1, 1, 0.5f), XY<int>(box.x1 + 1, box.y1),
+            XY<int>(box.x1 + 1, box.y2 - 1));
+}

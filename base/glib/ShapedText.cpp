@@ -1,0 +1,103 @@
+#include "glib/ShapedText.h"
+
+#include "glib/Font.h"
+#include "glib/TextEngine.h"
+
+#include <algorithm>
+#include <pango/pangocairo.h>
+#include <string>
+
+namespace {
+
+// The UTF-8 form of the text, and where each character starts in it (plus the end). Characters
+// that are no Unicode scalar value, and NUL, which would end the text early, show as U+FFFD.
+std::string encode(LightweightString<wchar_t> const& text, bool symbols, std::vector<int>& starts) {
+    std::string utf8;
+    utf8.reserve(text.size());
+    starts.reserve(text.size() + 1);
+    for (wchar_t c : text) {
+        starts.push_back(static_cast<int>(utf8.size()));
+        auto u = static_cast<gunichar>(symbols ? QorTTF::symbolFor(c) : c);
+        if (u == 0 || !g_unichar_validate(u))
+            u = 0xFFFD;
+        char bytes[6];
+        utf8.append(bytes, static_cast<std::size_t>(g_unichar_to_utf8(u, bytes)));
+    }
+    starts.push_back(static_cast<int>(utf8.size()));
+    return utf8;
+}
+
+int charAtByte(std::vector<int> const& starts, int byte) {
+    return static_cast<int>(std::lower_bound(starts.begin(), starts.end(), byte) - starts.begin());
+}
+
+} // namespace
+
+ShapedText::ShapedText(LightweightString<wchar_t> const& text, PangoFontDescription const* font,
+                       Options options) {
+    CriticalSection::Lock hold(TextEngine::lock());
+    std::string utf8 = encode(text, options.symbols, bytes_);
+    layout_ = pango_layout_new(TextEngine::context());
+    // One line always: a line break in the text shows as a glyph rather than starting a new line.
+    pango_layout_set_single_paragraph_mode(layout_, TRUE);
+    pango_layout_set_font_description(layout_, font);
+    if (options.underline) {
+        PangoAttrList* attributes = pango_attr_list_new();
+        pango_attr_list_insert(attributes, pango_attr_underline_new(PANGO_UNDERLINE_SINGLE));
+        pango_layout_set_attributes(layout_, attributes);
+        pango_attr_list_unref(attributes);
+    }
+    pango_layout_set_text(layout_, utf8.data(), static_cast<int>(utf8.size()));
+    measureLayout();
+    findCarets();
+}
+
+ShapedText::~ShapedText() {
+    CriticalSection::Lock hold(TextEngine::lock());
+    g_object_unref(layout_);
+}
+
+void ShapedText::measureLayout() {
+    PangoRectangle ink;
+    PangoRectangle logical;
+    pango_layout_get_extents(layout_, &ink, &logical);
+    width_ = PANGO_PIXELS_CEIL(logical.width);
+    baseline_ = pango_layout_get_baseline(layout_);
+    if (ink.width > 0 && ink.height > 0)
+        ink_ = Box(PANGO_PIXELS_FLOOR(ink.x - logical.x),
+                   PANGO_PIXELS_FLOOR(baseline_ - (ink.y + ink.height)),
+                   PANGO_PIXELS_CEIL(ink.x + ink.width - logical.x),
+                   PANGO_PIXELS_CEIL(baseline_ - ink.y));
+}
+
+// Walks the runs in visual order; within a run, each character's share of its cluster gives the
+// leading edges, which run leftward in right-to-left runs.
+void ShapedText::findCarets() {
+    int count = static_cast<int>(bytes_.size()) - 1;
+    std::vector<int> units(static_cast<std::size_t>(count) + 1, 0);
+    char const* text = pango_layout_get_text(layout_);
+    PangoLayoutLine* line = pango_layout_get_line_readonly(layout_, 0);
+    int runX = 0;
+    std::vector<int> widths;
+    for (GSList* node = line != nullptr ? line->runs : nullptr; node; node = node->next) {
+        auto* run = static_cast<PangoGlyphItem*>(node->data);
+        PangoItem* item = run->item;
+        int runWidth = pango_glyph_string_get_width(run->glyphs);
+        bool rightToLeft = (item->analysis.level % 2) != 0;
+        widths.assign(static_cast<std::size_t>(item->num_chars), 0);
+        pango_glyph_string_get_logical_widths(run->glyphs, text + item->offset, item->length,
+                                              item->analysis.level, widths.data());
+        int first = charAtByte(bytes_, item->offset);
+        int advance = 0;
+        for (int k = 0; k < item->num_chars && first + k < count; ++k) {
+            units[first + k] = rightToLeft ? runX + runWidth - advance : runX + advance;
+            advance += widths[k];
+        }
+        if (first + item->num_chars == count)
+            units[count] = rightToLeft ? runX + runWidth - advance : runX + advance;
+        runX += runWidth;
+    }
+    carets_.resize(units.size());
+    std::transform(units.begin(), units.end(), carets_.begin(),
+                   [](int u) { return PANGO_PIXELS(u); });
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+// One line of text shaped in one font: the layout that draws it, its size, and the pixel x of every
+// character's leading edge, which seeking, hit-testing and selections read. Character indexes are
+// those of the wide text; the layout itself counts UTF-8 bytes.
+
+#include "qor/Box.h"
+#include "qor/LightweightString.h"
+
+#include <vector>
+
+typedef struct _PangoLayout PangoLayout;
+typedef struct _PangoFontDescription PangoFontDescription;
+
+class ShapedText {
+public:
+    struct Options {
+        // Draw utility-font codes as the symbols they stand for.
+        bool symbols = false;
+        bool underline = false;
+    };
+
+    ShapedText(LightweightString<wchar_t> const& text, PangoFontDescription const* font,
+               Options options);
+    ~ShapedText();
+    ShapedText(ShapedText const&) = delete;
+    ShapedText& operator=(ShapedText const&) = delete;
+
+    // For drawing; use it under TextEngine's lock.
+    PangoLayout* layout() const { return layout_; }
+    int length() const { return static_cast<int>(carets_.size()) - 1; }
+    // Pixels.
+    int width() const { return width_; }
+    // Pango units from the top of the layout down to the baseline.
+    int baselineFromTop() const { return baseline_; }
+    // The leading edge of character `index`; `length()` gives the end of the text.
+    int caretX(int index) const { return carets_[index]; }
+    std::vector<int> const& carets() const { return carets_; }
+    // Where character `index` starts in the layout's UTF-8 text.
+    int byteOffset(int index) const { return bytes_[index]; }
+    // The inked pixels, relative to the start of the text on the baseline, y up.
+    Box const& ink() const { return ink_; }
+
+private:
+    void measureLayout();
+    void findCarets();
+
+    PangoLayout* layout_ = nullptr;
+    int width_ = 0;
+    int baseline_ = 0;
+    std::vector<int> carets_;
+    std::vector<int> bytes_;
+    Box ink_;
+};

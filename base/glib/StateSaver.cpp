@@ -1,0 +1,11 @@
+#include "glib/StateSaver.h"
+
+namespace Glib {
+
+StateSaver::StateSaver() : saved_(DrawingState::current()) {}
+
+StateSaver::~StateSaver() {
+    DrawingState::current() = saved_;
+}
+
+} // namespace Glib
