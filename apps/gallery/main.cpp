@@ -1,9 +1,22 @@
-// The gallery: a showcase of what Panelkit can do, one page per widget family. Until the drawing
-// layer arrives it reports what the base layer found on this machine: where settings, preferences,
-// resources and the log live, the process settings the toolkit reads, and sample resource texts.
+// The gallery: a showcase of what Panelkit can do, one page per family. It opens a window on the
+// display in use (closing when the window manager closes it), or with --screenshot DIR renders
+// every page headless to PNG files. It also reports what the base layer found on this machine:
+// where settings, preferences, resources and the log live, the process settings the toolkit
+// reads, and sample resource texts.
+
+#include "ClockPage.h"
+#include "DrawingPage.h"
+#include "GalleryWindow.h"
+#include "ShapesPage.h"
+#include "TextPage.h"
 
 #include "Panelkit.h"
+#include "display/HeadlessDisplay.h"
+#include "glib/WindowSurface.h"
+#include "glob/EventLoop.h"
+#include "glob/GlobManager.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
@@ -75,6 +88,53 @@ int usage() {
     return 2;
 }
 
+GalleryWindow* makeGallery(XY<int> const& screen) {
+    XY<int> size(1024, 680);
+    Glob::setupRootPos(
+        XY<int>(std::max(0, (screen.x - size.x) / 2), std::max(0, (screen.y - size.y) / 2)));
+    auto* window = new GalleryWindow(size);
+    window->addPage<TextPage>();
+    window->addPage<DrawingPage>();
+    window->addPage<ShapesPage>();
+    window->addPage<ClockPage>();
+    window->showPage(0);
+    GlobManager::instance().realize(window);
+    return window;
+}
+
+// Renders every page headless to DIR/NN-name.png, with the base layer's report beside them.
+int renderPages(std::string const& dir, std::string const& report) {
+    if (!Paths::makeDirectories(dir)) {
+        std::fprintf(stderr, "panelkit-gallery: cannot make %s\n", dir.c_str());
+        return 1;
+    }
+    std::ofstream(dir + "/base-layer.txt") << report;
+    Glib::setDisplay(std::make_unique<HeadlessDisplay>(XY<int>(1280, 800)));
+    GalleryWindow* window = makeGallery(Glib::display().screenSize());
+    int failures = 0;
+    for (unsigned i = 0; i < window->pageCount(); ++i) {
+        window->showPage(i);
+        EventLoop::instance().processPending();
+        char name[32];
+        std::snprintf(name, sizeof name, "%02u-%s.png", i + 1, window->page(i)->fileStem());
+        std::string path = dir + "/" + name;
+        bool saved = window->canvas()->surface()->savePng(path.c_str());
+        std::printf("%s %s\n", saved ? "wrote" : "could not write", path.c_str());
+        failures += saved ? 0 : 1;
+    }
+    delete window;
+    Glib::setDisplay(nullptr);
+    return failures == 0 ? 0 : 1;
+}
+
+int runLive() {
+    GalleryWindow* window = makeGallery(Glib::display().screenSize());
+    EventLoop& loop = EventLoop::instance();
+    while (is_good_glob_ptr(window))
+        loop.runOnce(-1);
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -90,13 +150,5 @@ int main(int argc, char** argv) {
     reportSettings(report);
     reportResources(report);
     std::fputs(report.str().c_str(), stdout);
-    if (!outputDir.empty()) {
-        std::string path = outputDir + "/base-layer.txt";
-        if (!Paths::makeDirectories(outputDir) || !(std::ofstream(path) << report.str())) {
-            std::fprintf(stderr, "panelkit-gallery: cannot write %s\n", path.c_str());
-            return 1;
-        }
-        std::printf("\nReport written to %s\n", path.c_str());
-    }
-    return 0;
+    return outputDir.empty() ? runLive() : renderPages(outputDir, report.str());
 }

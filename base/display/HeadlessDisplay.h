@@ -60,7 +60,8 @@ public:
     XY<int> pointerPosition() const override { return pointer_; }
     bool hasFocus() const override { return true; }
     iKeyboardState& keyboardState() override { return keys_; }
-    void setClipboardText(ClipboardChannel channel, LightweightString<wchar_t> const& text) override;
+    void setClipboardText(ClipboardChannel channel,
+                          LightweightString<wchar_t> const& text) override;
     LightweightString<wchar_t> clipboardText(ClipboardChannel channel) override;
 
     // Queues an event for the next readEvents; pointer events move the pointer.

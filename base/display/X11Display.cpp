@@ -29,8 +29,8 @@ namespace {
 // What the error handler knows; X reports errors through one process-wide function.
 struct ErrorState {
     std::set<std::tuple<int, int, int>> reported;
-    // Request serials [first, last) whose BadWindow errors are expected.
-    std::deque<std::pair<unsigned long, unsigned long>> quiet;
+    // Request serials [first, last) of a connection whose BadWindow errors are expected.
+    std::deque<std::tuple<Display*, unsigned long, unsigned long>> quiet;
     int trapDepth = 0;
     int trapped = 0;
     int openDisplays = 0;
@@ -42,9 +42,9 @@ ErrorState& errorState() {
     return state;
 }
 
-bool isQuiet(unsigned long serial) {
-    for (auto const& [first, last] : errorState().quiet)
-        if (serial >= first && serial < last)
+bool isQuiet(Display* display, unsigned long serial) {
+    for (auto const& [connection, first, last] : errorState().quiet)
+        if (connection == display && serial >= first && serial < last)
             return true;
     return false;
 }
@@ -56,7 +56,7 @@ int onXError(Display* display, XErrorEvent* error) {
         ++state.trapped;
         return 0;
     }
-    if (error->error_code == BadWindow && isQuiet(error->serial))
+    if (error->error_code == BadWindow && isQuiet(display, error->serial))
         return 0;
     if (!state.reported.emplace(error->error_code, error->request_code, error->minor_code).second)
         return 0;
@@ -117,19 +117,17 @@ bool probeSharedMemory(X11Display& display) {
     if (info.shmid < 0)
         return false;
     info.shmaddr = static_cast<char*>(shmat(info.shmid, nullptr, 0));
-    shmctl(info.shmid, IPC_RMID, nullptr);
-    if (info.shmaddr == reinterpret_cast<char*>(-1))
-        return false;
-    info.readOnly = False;
     bool attached = false;
-    {
+    if (info.shmaddr != reinterpret_cast<char*>(-1)) {
+        info.readOnly = False;
         X11Display::ErrorTrap trap(display);
         XShmAttach(dpy, &info);
         attached = !trap.failed();
         if (attached)
             XShmDetach(dpy, &info);
+        shmdt(info.shmaddr);
     }
-    shmdt(info.shmaddr);
+    shmctl(info.shmid, IPC_RMID, nullptr);
     return attached;
 }
 
@@ -151,7 +149,7 @@ X11Display::ExpectBadWindow::ExpectBadWindow(X11Display& display)
 
 X11Display::ExpectBadWindow::~ExpectBadWindow() {
     auto& quiet = errorState().quiet;
-    quiet.emplace_back(firstRequest_, NextRequest(display_));
+    quiet.emplace_back(display_, firstRequest_, NextRequest(display_));
     while (quiet.size() > 64)
         quiet.pop_front();
 }
@@ -197,7 +195,10 @@ X11Display::X11Display(Display* display)
     int eventBase = 0;
     int errorBase = 0;
     hasShape_ = XShapeQueryExtension(display, &eventBase, &errorBase) != 0;
-    canShareMemory_ = probeSharedMemory(*this);
+    // Some servers (remote ones behind a proxy, a few virtual ones) claim shared memory and then
+    // show nothing; the variable turns it off.
+    char const* noSharing = std::getenv("PANELKIT_X11_NO_SHM");
+    canShareMemory_ = (noSharing == nullptr || *noSharing == '\0') && probeSharedMemory(*this);
     // Held keys repeat as presses alone, without a release before each.
     Bool detectable = False;
     XkbSetDetectableAutoRepeat(display, True, &detectable);
@@ -509,7 +510,7 @@ void X11Display::translateKey(XEvent& event, X11Window* window, InputEvent const
     bool press = event.type == KeyPress;
     KeySym keysym = NoSymbol;
     LightweightString<wchar_t> typed;
-    auto* inputContext = static_cast<XIC>(window->inputContext());
+    XIC inputContext = window->inputContext();
     if (press && inputContext != nullptr) {
         std::string text(64, '\0');
         Status status = 0;

@@ -89,7 +89,8 @@ public:
     unsigned long cursor(int cursorId);
     // Null when no input method could be opened.
     _XIM* inputMethod() const { return inputMethod_; }
-    // Images can travel through shared memory (the server runs on this machine).
+    // Images can travel through shared memory (the server runs on this machine, and
+    // PANELKIT_X11_NO_SHM is not set).
     bool canShareMemory() const { return canShareMemory_; }
     bool hasShapeExtension() const { return hasShape_; }
     // A compositing manager runs, so that windows with an alpha channel can be translucent.

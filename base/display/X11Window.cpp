@@ -135,7 +135,7 @@ X11Window::X11Window(X11Display& display, Canvas* topLevel, iDisplay::WindowKind
     x_->canShare =
         display.canShareMemory() && matchesCairoLayout(x_->visual, x_->depth, ImageByteOrder(dpy));
     display.registerWindow(xid_, this);
-    setProtocolsAndHints(kind, xPosition);
+    setProtocolsAndHints(xPosition);
     createInputContext();
     inputMethodWindow_ = Qor::Ptr<InputMethodWindow>(new InputMethodWindow(this));
 }
@@ -164,15 +164,14 @@ void X11Window::release() {
     x_.reset();
 }
 
-void X11Window::setProtocolsAndHints(iDisplay::WindowKind kind, XY<int> const& xPosition) {
+void X11Window::setProtocolsAndHints(XY<int> const& xPosition) {
     Display* dpy = x_->display;
     if (!popup_) {
         Atom protocols[] = {display_->atom("WM_DELETE_WINDOW"), display_->atom("_NET_WM_PING")};
         XSetWMProtocols(dpy, xid_, protocols, 2);
     }
     Atom type =
-        display_->atom(kind == iDisplay::WindowKind::Popup ? "_NET_WM_WINDOW_TYPE_POPUP_MENU"
-                                                           : "_NET_WM_WINDOW_TYPE_NORMAL");
+        display_->atom(popup_ ? "_NET_WM_WINDOW_TYPE_POPUP_MENU" : "_NET_WM_WINDOW_TYPE_NORMAL");
     XChangeProperty(dpy, xid_, display_->atom("_NET_WM_WINDOW_TYPE"), XA_ATOM, 32, PropModeReplace,
                     reinterpret_cast<unsigned char*>(&type), 1);
 
@@ -500,7 +499,7 @@ void X11Window::focusChanged(bool focused) {
         XUnsetICFocus(x_->inputContext);
 }
 
-void* X11Window::inputContext() const {
+XIC X11Window::inputContext() const {
     return x_ && inputMethodEnabled_ ? x_->inputContext : nullptr;
 }
 

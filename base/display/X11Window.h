@@ -9,6 +9,7 @@
 
 #include <memory>
 
+struct _XIC;
 class X11Display;
 
 class X11Window : public iWindow {
@@ -44,8 +45,8 @@ public:
     void exposed(int x, int y, int width, int height);
     void focusChanged(bool focused);
     bool isFocused() const { return focused_; }
-    // The input context for key presses (an XIC); null when there is none or it is turned off.
-    void* inputContext() const;
+    // The input context for key presses; null when there is none or it is turned off.
+    _XIC* inputContext() const;
     // The display is closing: give back every X resource now and do nothing from then on.
     void release();
 
@@ -57,7 +58,7 @@ private:
     struct Resources;
     class InputMethodWindow;
 
-    void setProtocolsAndHints(iDisplay::WindowKind kind, XY<int> const& xPosition);
+    void setProtocolsAndHints(XY<int> const& xPosition);
     void setPositionHints(XY<int> const& xPosition);
     void createInputContext();
     void applyShape();

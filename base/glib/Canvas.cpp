@@ -211,7 +211,8 @@ void Canvas::clearClipRect() {
 
 CanvasRenderer& Canvas::renderer() {
     if (!renderer_)
-        renderer_ = std::make_unique<CanvasRenderer>(this, Box(0, 0, rect_.width(), rect_.height()));
+        renderer_ =
+            std::make_unique<CanvasRenderer>(this, Box(0, 0, rect_.width(), rect_.height()));
     return *renderer_;
 }
 

@@ -88,7 +88,8 @@ enum TextStyle { Plain = 0, Normal = 1, Contrast = 2 };
 int mapTextStyle(TextStyles::TextStyle style);
 
 enum eTextShorteningMethod { ShortenEnd = 0, ShortenMiddle = 1 };
-// The text cut to fit the width, with ".." where it was cut; the text itself when it fits.
+// The text cut to fit the width, with ".." where it was cut; the text itself when it fits, and
+// empty when not even ".." fits.
 LightweightString<wchar_t> fitTextToWidth(Qor::Ptr<iFont> const& font,
                                           LightweightString<wchar_t> const& text, int width,
                                           eTextShorteningMethod method = ShortenEnd);

@@ -12,6 +12,8 @@ namespace {
 constexpr double referenceEmSize = 1000.0;
 // Steps of the search for the em size; each halves an interval of about a pixel.
 constexpr int sizeSearchSteps = 8;
+// Keeps a computed size clear of the exact point where a part would round up.
+constexpr double roundingMargin = 1e-4;
 
 // The requested family first; the default face stands in for characters or families it lacks.
 PangoFontDescription* makeFace(Glib::FontDesc const& desc, bool symbols) {
@@ -65,13 +67,20 @@ Qor::Ptr<iFont> FontCache::create(Glib::FontDesc const& desc) {
 }
 
 // Hinted metrics round the ascent and the descent up separately, so the plain ratio can overshoot
-// by a pixel; a short search below it finds the largest size that gives the height exactly.
+// by a pixel. The largest size whose rounded parts add up to the height is worked out from the
+// face's proportions and checked on the font; where the font rounds otherwise, a short search
+// below the plain ratio finds it.
 double FontCache::emSizeFor(PangoFontDescription* face, int height) {
-    double perEm = lineHeightPerEm(face);
-    double high = height / perEm;
-    if (lineHeightAt(face, high) <= height)
-        return high;
+    Proportions shape = proportions(face);
+    double best = 0;
+    for (int ascent = 1; ascent < height; ++ascent)
+        best = std::max(best, std::min(ascent / shape.ascent, (height - ascent) / shape.descent));
+    best *= 1 - roundingMargin;
+    if (best > 0 && lineHeightAt(face, best) == height)
+        return best;
+    double perEm = shape.ascent + shape.descent;
     double low = std::max(height - 1.5, 0.5) / perEm;
+    double high = height / perEm;
     for (int step = 0; step < sizeSearchSteps; ++step) {
         double middle = (low + high) / 2;
         if (lineHeightAt(face, middle) <= height)
@@ -82,17 +91,20 @@ double FontCache::emSizeFor(PangoFontDescription* face, int height) {
     return low;
 }
 
-double FontCache::lineHeightPerEm(PangoFontDescription* face) {
+FontCache::Proportions FontCache::proportions(PangoFontDescription* face) {
     pango_font_description_unset_fields(face, PANGO_FONT_MASK_SIZE);
     char* name = pango_font_description_to_string(face);
     std::string key = name;
     g_free(name);
-    auto found = lineHeights_.find(key);
-    if (found != lineHeights_.end())
+    auto found = proportions_.find(key);
+    if (found != proportions_.end())
         return found->second;
     pango_font_description_set_absolute_size(face, referenceEmSize * PANGO_SCALE);
     TextEngine::Metrics metrics = TextEngine::metrics(face);
-    double perEm = (metrics.ascent + metrics.descent) / (referenceEmSize * PANGO_SCALE);
-    // Without any font there is nothing to measure; keep sizes as asked.
-    return lineHeights_[key] = perEm > 0 ? perEm : 1.0;
+    double unitsPerEm = referenceEmSize * PANGO_SCALE;
+    Proportions result{metrics.ascent / unitsPerEm, metrics.descent / unitsPerEm};
+    // Without any font there is nothing to measure; sizes stay as asked.
+    if (result.ascent + result.descent <= 0)
+        result = Proportions{1.0, 0.0};
+    return proportions_[key] = result;
 }

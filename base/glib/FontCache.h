@@ -23,14 +23,19 @@ private:
     friend struct Loki::CreateUsingNew<FontCache>;
     FontCache() = default;
 
+    struct Proportions {
+        double ascent = 0;
+        double descent = 0;
+    };
+
     Qor::Ptr<iFont> create(Glib::FontDesc const& desc);
     // The em size, in pixels, whose ascent plus descent comes nearest to `height` without
     // exceeding it.
     double emSizeFor(PangoFontDescription* face, int height);
-    // Ascent plus descent per pixel of em size; measured once for each face.
-    double lineHeightPerEm(PangoFontDescription* face);
+    // Ascent and descent per pixel of em size; measured once for each face.
+    Proportions proportions(PangoFontDescription* face);
 
     CriticalSection lock_;
     std::map<Glib::FontDesc, Qor::Ptr<iFont>> fonts_;
-    std::map<std::string, double> lineHeights_;
+    std::map<std::string, Proportions> proportions_;
 };

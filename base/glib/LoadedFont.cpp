@@ -11,8 +11,9 @@
 namespace {
 
 // Enough for the strings of a large table or menu; shaped lines weigh more, so fewer are kept.
-constexpr std::size_t measuredStrings = 4096;
-constexpr std::size_t shapedStrings = 512;
+// The caches hold up to twice these.
+constexpr std::size_t measuredStrings = 2048;
+constexpr std::size_t shapedStrings = 256;
 
 int seekIndex(LightweightString<wchar_t> const& text, iFont::eCharSeekMethod method, int index) {
     int end = static_cast<int>(text.size());

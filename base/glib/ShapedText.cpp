@@ -64,10 +64,8 @@ void ShapedText::measureLayout() {
     width_ = PANGO_PIXELS_CEIL(logical.width);
     baseline_ = pango_layout_get_baseline(layout_);
     if (ink.width > 0 && ink.height > 0)
-        ink_ = Box(PANGO_PIXELS_FLOOR(ink.x - logical.x),
-                   PANGO_PIXELS_FLOOR(baseline_ - (ink.y + ink.height)),
-                   PANGO_PIXELS_CEIL(ink.x + ink.width - logical.x),
-                   PANGO_PIXELS_CEIL(baseline_ - ink.y));
+        ink_ = Box(PANGO_PIXELS_FLOOR(ink.x), PANGO_PIXELS_FLOOR(baseline_ - (ink.y + ink.height)),
+                   PANGO_PIXELS_CEIL(ink.x + ink.width), PANGO_PIXELS_CEIL(baseline_ - ink.y));
 }
 
 // Walks the runs in visual order; within a run, each character's share of its cluster gives the

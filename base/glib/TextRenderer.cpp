@@ -86,19 +86,37 @@ void drawSelection(cairo_t* cr, ShapedText const& shaped, iFont const& font,
     cairo_restore(cr);
 }
 
-} // namespace
-
 // The line's box, from descent to ascent over the advance, grown to hold any ink that reaches
 // past it (an overhanging glyph, an underline, the halo).
+Box boundsOf(Glib::TextDescription const& text, iFont const& font, XY<int> const& at) {
+    int width = font.measure(text.text).x;
+    int x = startX(text, at.x, width);
+    Box box(x, at.y - font.descent(), x + width, at.y + font.ascent());
+    auto const* loaded = dynamic_cast<LoadedFont const*>(&font);
+    if (loaded != nullptr && !text.text.empty())
+        box = box.unite(loaded->shape(text.text)->ink().translated(x, at.y));
+    return text.style == Glib::TextStyles::Contrast ? box.inset(-haloWidth) : box;
+}
+
+void drawText(cairo_t* cr, Glib::TextDescription const& text, LoadedFont const& font) {
+    CriticalSection::Lock hold(TextEngine::lock());
+    std::shared_ptr<ShapedText const> shaped = font.shape(text.text);
+    cairo_save(cr);
+    cairo_translate(cr, startX(text, text.origin.x, shaped->width()), text.origin.y);
+    cairo_scale(cr, 1, -1);
+    if (text.style == Glib::TextStyles::Contrast)
+        drawHalo(cr, *shaped, text.colour);
+    setSource(cr, text.colour);
+    showLayout(cr, *shaped);
+    if (text.style != Glib::TextStyles::Plain)
+        drawSelection(cr, *shaped, font, text);
+    cairo_restore(cr);
+}
+
+} // namespace
+
 Box Glib::TextDescription::calcBounds(XY<int> const& at) const {
-    Qor::Ptr<iFont> f = fontOf(*this);
-    int width = f->measure(text).x;
-    int x = startX(*this, at.x, width);
-    Box box(x, at.y - f->descent(), x + width, at.y + f->ascent());
-    auto const* loaded = dynamic_cast<LoadedFont const*>(f.get());
-    if (loaded != nullptr && !text.empty())
-        box = box.unite(loaded->shape(text)->ink().translated(x, at.y));
-    return style == TextStyles::Contrast ? box.inset(-haloWidth) : box;
+    return boundsOf(*this, *fontOf(*this), at);
 }
 
 void CanvasRenderer::renderPrimitive(Glib::TextDescription const& text) {
@@ -107,18 +125,6 @@ void CanvasRenderer::renderPrimitive(Glib::TextDescription const& text) {
     auto const* loaded = dynamic_cast<LoadedFont const*>(font.get());
     if (cr == nullptr || text.text.empty() || loaded == nullptr)
         return;
-    CriticalSection::Lock hold(TextEngine::lock());
-    std::shared_ptr<ShapedText const> shaped = loaded->shape(text.text);
-    XY<int> start(startX(text, text.origin.x, shaped->width()), text.origin.y);
-    cairo_save(cr);
-    cairo_translate(cr, start.x, start.y);
-    cairo_scale(cr, 1, -1);
-    if (text.style == Glib::TextStyles::Contrast)
-        drawHalo(cr, *shaped, text.colour);
-    setSource(cr, text.colour);
-    showLayout(cr, *shaped);
-    if (text.style != Glib::TextStyles::Plain)
-        drawSelection(cr, *shaped, *font, text);
-    cairo_restore(cr);
-    addModifiedArea(text.calcBounds(text.origin));
+    drawText(cr, text, *loaded);
+    addModifiedArea(boundsOf(text, *font, text.origin));
 }

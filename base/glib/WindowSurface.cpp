@@ -21,7 +21,8 @@ Registry& registry() {
 }
 
 cairo_surface_t* makeStore(XY<int> const& size) {
-    return cairo_image_surface_create(CAIRO_FORMAT_ARGB32, std::max(size.x, 1), std::max(size.y, 1));
+    return cairo_image_surface_create(CAIRO_FORMAT_ARGB32, std::max(size.x, 1),
+                                      std::max(size.y, 1));
 }
 
 } // namespace

@@ -94,7 +94,9 @@ bool isMouseMoveSignificant(Event const& e) {
 }
 
 #define PANELKIT_POINTER_FORM(name)                                                                \
-    bool name(Event const* e) { return e != nullptr && name(*e); }
+    bool name(Event const* e) {                                                                    \
+        return e != nullptr && name(*e);                                                           \
+    }
 PANELKIT_POINTER_FORM(mouse_event)
 PANELKIT_POINTER_FORM(mouse_left_event)
 PANELKIT_POINTER_FORM(mouse_right_event)

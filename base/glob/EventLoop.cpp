@@ -190,22 +190,21 @@ void EventLoop::fireDueTimers() {
 void EventLoop::addTicker(EventHandler* handler, int code, double periodMs) {
     if (handler == nullptr || hasTicker(handler, code))
         return;
-    state_->tickers.push_back({handler, handler->getIdStamp(), code, periodMs, msecsNow() + periodMs});
+    state_->tickers.push_back(
+        {handler, handler->getIdStamp(), code, periodMs, msecsNow() + periodMs});
 }
 
 void EventLoop::removeTicker(EventHandler* handler, int code) {
     auto& tickers = state_->tickers;
-    tickers.erase(std::remove_if(tickers.begin(), tickers.end(),
-                                 [&](Ticker const& t) {
-                                     return t.handler == handler && t.code == code;
-                                 }),
-                  tickers.end());
+    tickers.erase(
+        std::remove_if(tickers.begin(), tickers.end(),
+                       [&](Ticker const& t) { return t.handler == handler && t.code == code; }),
+        tickers.end());
 }
 
 bool EventLoop::hasTicker(EventHandler* handler, int code) const {
-    return std::any_of(state_->tickers.begin(), state_->tickers.end(), [&](Ticker const& t) {
-        return t.handler == handler && t.code == code;
-    });
+    return std::any_of(state_->tickers.begin(), state_->tickers.end(),
+                       [&](Ticker const& t) { return t.handler == handler && t.code == code; });
 }
 
 void EventLoop::forget(EventHandler* handler) {

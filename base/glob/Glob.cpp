@@ -1,6 +1,7 @@
 #include "glob/Glob.h"
 
 #include "glib/CanvasRenderer.h"
+#include "glib/DrawingHelpers.h"
 #include "glib/PathCalls.h"
 #include "glib/WindowSurface.h"
 #include "glob/EventLoop.h"
@@ -21,7 +22,8 @@ std::atomic<long> cookies{0};
 unsigned short toSize(double v) {
     if (!(v > 0))
         return 0;
-    return (unsigned short)std::min(std::lround(v), long(std::numeric_limits<unsigned short>::max()));
+    return (unsigned short)std::min(std::lround(v),
+                                    long(std::numeric_limits<unsigned short>::max()));
 }
 
 struct RedrawState {
@@ -155,9 +157,9 @@ Glob::~Glob() {
     if (Glob* p = parent()) {
         // Siblings placed beside this widget stay where they are.
         for (WidgetDetails& d : p->children_)
-            if (d.isRelative() && (d.position.sibling == this ||
-                                   (d.position.sibling == nullptr &&
-                                    p->previousChildOf(d.widget) == this))) {
+            if (d.isRelative() &&
+                (d.position.sibling == this ||
+                 (d.position.sibling == nullptr && p->previousChildOf(d.widget) == this))) {
                 XY<int> at = d.widget->getParentRelativePosition();
                 d.position = BottomLeft(at);
             }
@@ -206,8 +208,7 @@ void Glob::forwardToHandlers(Event const& event, int& used) {
     std::vector<ForwardedInterest> forwards = forwards_;
     IdStamp self = getIdStamp();
     for (ForwardedInterest const& f : forwards) {
-        if (!EventCode::maskSelects(f.mask, event.type) ||
-            !EventHandler::valid(f.handler, f.stamp))
+        if (!EventCode::maskSelects(f.mask, event.type) || !EventHandler::valid(f.handler, f.stamp))
             continue;
         Event copy = event;
         copy.forward = 1;
@@ -388,9 +389,11 @@ void Glob::reshapeCanvas() {}
 
 void Glob::translateCanvas(int dx, int dy) {
     canvas_->translate(dx, dy);
-    if (isTopLevel())
-        if (WindowSurface* s = canvas_->surface(); s != nullptr && s->window())
-            s->window()->setBounds(canvas_->rect());
+    if (!isTopLevel())
+        return;
+    if (WindowSurface* s = canvas_->surface(); s != nullptr && s->window())
+        s->window()->setBounds(canvas_->rect());
+    GlobManager::instance().notifyMoved(this);
 }
 
 void Glob::translateCanvTree(int dx, int dy) {
@@ -506,8 +509,8 @@ void Glob::constrainWithinScreen() {
     if (!isTopLevel())
         return;
     Box r = canvas_->rect();
-    XY<int> safe = GlobManager::instance().getSafePosForGlob(
-        glib_rootcanvas(), r.bottomLeft(), XY<int>(r.width(), r.height()));
+    XY<int> safe = GlobManager::instance().getSafePosForGlob(glib_rootcanvas(), r.bottomLeft(),
+                                                             XY<int>(r.width(), r.height()));
     if (safe != r.bottomLeft())
         translateCanvas(safe.x - r.x1, safe.y - r.y1);
 }
@@ -1054,4 +1057,10 @@ WidgetPosition Glob::LeftOf(int gap, Glob* sibling, eWidgetAlignment alignment) 
 }
 WidgetPosition Glob::RightOf(int gap, Glob* sibling, eWidgetAlignment alignment) {
     return relative(RelativeRight, gap, sibling, alignment);
+}
+
+void drawInset(Glob* glob, Colour const& colour, bool raised) {
+    if (!is_good_glob_ptr(glob) || glob->canvas() == nullptr)
+        return;
+    Glib::drawDepthBox(glob->canvas()->renderer(), colour, glob->face(), 1, raised ? 1 : -1);
 }

@@ -215,7 +215,8 @@ public:
 
     explicit Glob(GlobCreationInfo const& info);
     Glob(configb const& config, unsigned short w, unsigned short h);
-    Glob(unsigned short w, unsigned short h, Palette const& palette, bool lightweight, Canvas* canvas);
+    Glob(unsigned short w, unsigned short h, Palette const& palette, bool lightweight,
+         Canvas* canvas);
     Glob(unsigned short w, unsigned short h, bool lightweight, Canvas* canvas);
     ~Glob() override;
 
@@ -535,3 +536,6 @@ void sendMessageWithData(LightweightString<char> const& name, EventHandler* targ
                          Qor::Ptr<iObject> const& data, Glob* sender);
 int callMessageWithData(LightweightString<char> const& name, EventHandler* target,
                         Qor::Ptr<iObject> const& data, Glob* sender);
+
+// A one-pixel bevel around the widget's face in the colour: sunk, or raised when `raised`.
+void drawInset(Glob* glob, Colour const& colour, bool raised);

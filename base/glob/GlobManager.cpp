@@ -2,7 +2,9 @@
 
 #include "glib/WindowSurface.h"
 #include "glob/EventLoop.h"
+#include "glob/ScreenServices.h"
 #include "os/Clock.h"
+#include "qor/WrappedData.h"
 
 #include <algorithm>
 #include <cmath>
@@ -48,11 +50,38 @@ void GlobManager::registerGlob(Glob* glob) {
 
 void GlobManager::unregisterGlob(Glob* glob) {
     live_.erase(glob);
+    widgetNotifier_.issueNotification(NotifyMsg(LightweightString<char>("WidgetDeleted"),
+                                                Qor::Ptr<iObject>(new WrappedData<Glob*>(glob))),
+                                      WidgetDeleted);
     topLevels_.erase(std::remove(topLevels_.begin(), topLevels_.end(), glob), topLevels_.end());
     modal_.erase(glob);
     for (Tracked* t : {&focus_, &grab_, &under_})
         if (t->glob == glob)
             t->set(nullptr);
+}
+
+Qor::Ptr<Qor::Guard>
+GlobManager::registerForNotification(int type, Qor::Ptr<iCallbackBase<int, NotifyMsg>> const& cb) {
+    return widgetNotifier_.registerCallback(cb, type);
+}
+
+void GlobManager::notifyMoved(Glob* glob) {
+    widgetNotifier_.issueNotification(NotifyMsg(LightweightString<char>("WidgetMoved"),
+                                                Qor::Ptr<iObject>(new WrappedData<Glob*>(glob))),
+                                      WidgetMoved);
+}
+
+Qor::Ptr<Qor::Guard>
+GlobManager::addMouseListener(Qor::Ptr<iCallbackBase<int, NotifyMsg>> const& cb) {
+    return mouseNotifier_.registerCallback(cb);
+}
+
+void GlobManager::tellMouseListeners(Event const& event) {
+    if (mouseNotifier_.registrationCount() == 0)
+        return;
+    mouseNotifier_.issueNotification(NotifyMsg(LightweightString<char>("MouseEvent"),
+                                               Qor::Ptr<iObject>(new WrappedData<Event>(event))),
+                                     NotifyMsgTypeDictionary::AllMessages);
 }
 
 bool GlobManager::isLive(Glob const* glob) const {
@@ -285,9 +314,8 @@ int GlobManager::deliverQueued() {
 }
 
 bool GlobManager::hasQueuedWork() const {
-    return !queue_.empty() ||
-           std::any_of(deletions_.begin(), deletions_.end(),
-                       [](Tracked const& t) { return t.get() != nullptr; });
+    return !queue_.empty() || std::any_of(deletions_.begin(), deletions_.end(),
+                                          [](Tracked const& t) { return t.get() != nullptr; });
 }
 
 void GlobManager::dispatch(InputEvent const& input) {
@@ -324,8 +352,8 @@ Event GlobManager::mouseEvent(Glob* target, int type, InputEvent const& input) c
     e.rootPos = input.rootPos;
     XY<int> origin = target->canvas()->rootPosition();
     e.pos = input.rootPos - origin;
-    e.startRootPos = buttonsHeld_ != 0 || (type & EventCode::ReleaseBit) ? pressRootPos_
-                                                                          : input.rootPos;
+    e.startRootPos =
+        buttonsHeld_ != 0 || (type & EventCode::ReleaseBit) ? pressRootPos_ : input.rootPos;
     e.startPos = e.startRootPos - origin;
     e.motion = e.rootPos - e.startRootPos;
     e.key = input.modifiers;
@@ -337,8 +365,7 @@ Event GlobManager::mouseEvent(Glob* target, int type, InputEvent const& input) c
 }
 
 int GlobManager::countClicks(InputEvent const& input) {
-    bool again = input.button == lastClickButton_ &&
-                 input.time - lastClickTime_ <= multiClickMs &&
+    bool again = input.button == lastClickButton_ && input.time - lastClickTime_ <= multiClickMs &&
                  std::abs(input.rootPos.x - lastClickPos_.x) <= multiClickDistance &&
                  std::abs(input.rootPos.y - lastClickPos_.y) <= multiClickDistance;
     clickCount_ = again ? std::min(clickCount_ + 1, 3) : 1;
@@ -350,6 +377,8 @@ int GlobManager::countClicks(InputEvent const& input) {
 
 void GlobManager::updatePointer(XY<int> const& rootPos) {
     pointer_ = rootPos;
+    if (!glib_mouseContextLogicEnabled())
+        return;
     Glob* now = widgetAt(rootPos);
     Glob* old = under_.get();
     if (now != old) {
@@ -401,6 +430,7 @@ void GlobManager::dispatchButton(InputEvent const& input) {
             return;
         grab_.set(target);
         Event e = mouseEvent(target, type, input);
+        tellMouseListeners(e);
         if (!intercepted(e))
             deliver(target, e, true);
         return;
@@ -413,6 +443,8 @@ void GlobManager::dispatchButton(InputEvent const& input) {
     e.buttons = buttonsHeld_;
     if (buttonsHeld_ == 0)
         grab_.set(nullptr);
+    if (target != nullptr)
+        tellMouseListeners(e);
     if (target != nullptr && !intercepted(e))
         deliver(target, e, true);
     updatePointer(input.rootPos);
@@ -425,8 +457,9 @@ void GlobManager::dispatchMotion(InputEvent const& input) {
         target = under_.get();
     if (target == nullptr)
         return;
-    Event e = mouseEvent(target, EventCode::MouseMove | (buttonsHeld_ & EventCode::ButtonBits),
-                         input);
+    Event e =
+        mouseEvent(target, EventCode::MouseMove | (buttonsHeld_ & EventCode::ButtonBits), input);
+    tellMouseListeners(e);
     if (!intercepted(e))
         deliver(target, e, true);
 }
@@ -437,6 +470,7 @@ void GlobManager::dispatchWheel(InputEvent const& input) {
     if (target == nullptr || input.wheelSteps == 0)
         return;
     Event e = mouseEvent(target, EventCode::MouseWheel, input);
+    tellMouseListeners(e);
     if (!intercepted(e))
         deliver(target, e, true);
 }
@@ -456,7 +490,10 @@ void GlobManager::dispatchWindowEvent(InputEvent const& input) {
         glob->resize(input.bounds.width(), input.bounds.height());
         glob->update();
     }
-    glob->canvas()->move(input.bounds.bottomLeft());
+    if (glob->canvas()->rect().bottomLeft() != input.bounds.bottomLeft()) {
+        glob->canvas()->move(input.bounds.bottomLeft());
+        notifyMoved(glob);
+    }
 }
 
 // Free functions
@@ -636,3 +673,9 @@ int callMessageWithData(LightweightString<char> const& name, EventHandler* targe
     e.data = data;
     return call(e);
 }
+
+namespace Glib {
+Qor::Ptr<Qor::Guard> addMouseListener(Qor::Ptr<iCallbackBase<int, NotifyMsg>> const& listener) {
+    return GlobManager::instance().addMouseListener(listener);
+}
+} // namespace Glib

@@ -19,6 +19,7 @@
 
 #include "glib/Display.h"
 #include "glob/Glob.h"
+#include "qor/Notifier.h"
 
 #include <deque>
 #include <map>
@@ -69,6 +70,8 @@ public:
     Glob* grabWidget() const;
     Glob* widgetUnderPointer() const;
     XY<int> lastPointerPosition() const { return pointer_; }
+    // The mouse buttons held now (the Event button bits).
+    int buttonsHeld() const { return buttonsHeld_; }
     // The widget under a root position: the deepest mapped one, topmost window first.
     Glob* widgetAt(XY<int> const& rootPos) const;
     std::vector<Glob*> topLevels() const;
@@ -86,6 +89,16 @@ public:
 
     // Forgets every widget without deleting it: for a display being replaced.
     void forgetDisplayState();
+
+    // Notifications of widgets: type 10 a widget was deleted, 12 a top-level widget moved. The
+    // message's data is a WrappedData<Glob*>, to be compared as a pointer only. Issued on the
+    // user-interface thread.
+    enum { WidgetDeleted = 10, WidgetMoved = 12 };
+    Qor::Ptr<Qor::Guard> registerForNotification(int type,
+                                                 Qor::Ptr<iCallbackBase<int, NotifyMsg>> const& cb);
+    void notifyMoved(Glob* glob);
+    // Every mouse event, whatever widget it goes to, as "MouseEvent" with a WrappedData<Event>.
+    Qor::Ptr<Qor::Guard> addMouseListener(Qor::Ptr<iCallbackBase<int, NotifyMsg>> const& cb);
 
 private:
     GlobManager();
@@ -109,6 +122,10 @@ private:
     int countClicks(InputEvent const& input);
     bool intercepted(Event const& event);
 
+    void tellMouseListeners(Event const& event);
+
+    Notifier widgetNotifier_;
+    Notifier mouseNotifier_;
     std::set<Glob*> live_;
     std::vector<Glob*> topLevels_;
     std::vector<Tracked> deletions_;
@@ -134,3 +151,8 @@ private:
     XY<int> nextRootPos_;
     bool dumpEnable_ = false;
 };
+
+namespace Glib {
+// A listener called with every mouse event; dropping the guard ends it.
+Qor::Ptr<Qor::Guard> addMouseListener(Qor::Ptr<iCallbackBase<int, NotifyMsg>> const& listener);
+} // namespace Glib

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <ctime>
 
 namespace {
 
@@ -18,6 +19,10 @@ double systemMsecs() {
 double msecsNow() {
     iClock* clock = installedClock.load(std::memory_order_acquire);
     return clock != nullptr ? clock->msecsNow() : systemMsecs();
+}
+
+long uiClock() {
+    return long(msecsNow() * (double(CLOCKS_PER_SEC) / 1000.0));
 }
 
 iClock* setClock(iClock* clock) {

@@ -12,6 +12,10 @@ public:
 // Milliseconds as a double, from the installed clock.
 double msecsNow();
 
+// The interface clock in processor-clock ticks (CLOCKS_PER_SEC a second), for code that measures
+// intervals the way clock() does; it follows the installed clock, so a virtual clock moves it.
+long uiClock();
+
 // Installs a clock; null restores the monotonic system clock. Answers the clock it replaces (null
 // for the system clock).
 iClock* setClock(iClock* clock);

@@ -179,8 +179,8 @@ bool UiTestDriver::savePng(Glob* g, char const* path) {
     cairo_surface_flush(store->surface());
     XY<int> offset = g->canvas()->windowOffset();
     int w = g->width(), h = g->height();
-    cairo_surface_t* image = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, std::max(w, 1),
-                                                        std::max(h, 1));
+    cairo_surface_t* image =
+        cairo_image_surface_create(CAIRO_FORMAT_ARGB32, std::max(w, 1), std::max(h, 1));
     cairo_t* cr = cairo_create(image);
     // The store's rows run top-down: the widget's top edge is at height - (offset.y + h).
     cairo_set_source_surface(cr, store->surface(), -offset.x, -(store->size().y - offset.y - h));

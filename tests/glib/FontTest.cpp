@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -116,6 +117,33 @@ TEST(FontMeasure, ManyDistinctStringsStayCorrectPastTheCacheBound) {
     EXPECT_EQ(font->measure(probe).x, width);
 }
 
+TEST(FontMeasure, ThreadsShareFontsAndAgreeOnWidths) {
+    std::vector<Text> samples;
+    for (int i = 0; i < 200; ++i)
+        samples.push_back(Text((L"Row " + std::to_wstring(i * 7919) + L" of a table").c_str()));
+    Qor::Ptr<iFont> reference = defaultFont(15);
+    std::vector<int> expected;
+    for (Text const& sample : samples)
+        expected.push_back(reference->measure(sample).x);
+    std::vector<std::thread> threads;
+    std::vector<int> mismatches(4, 0);
+    for (int t = 0; t < 4; ++t)
+        threads.emplace_back([&, t] {
+            for (int round = 0; round < 3; ++round) {
+                Qor::Ptr<iFont> font = Glib::loadFont("DejaVu Sans", 15, 0);
+                Qor::Ptr<iFont> other = Glib::loadFont("DejaVu Sans", 21 + t, 0);
+                for (std::size_t i = 0; i < samples.size(); ++i) {
+                    other->measure(samples[i]);
+                    mismatches[t] +=
+                        font.get() != reference.get() || font->measure(samples[i]).x != expected[i];
+                }
+            }
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(mismatches, std::vector<int>(4, 0));
+}
+
 struct SeekCase {
     wchar_t const* text;
     iFont::eCharSeekMethod method;
@@ -178,6 +206,19 @@ TEST(FontCarets, EdgesRunFromZeroToTheWidth) {
         for (int i = 1; i <= length; ++i)
             EXPECT_GT(caretX(font, text, i), caretX(font, text, i - 1)) << i;
     }
+}
+
+TEST(FontCarets, RightToLeftCaretsRunLeftward) {
+    Qor::Ptr<iFont> font = defaultFont(16);
+    Text const text(L"\u05E9\u05DC\u05D5\u05DD");
+    int width = font->measure(text).x;
+    ASSERT_GT(width, 0);
+    EXPECT_EQ(caretX(font, text, 0), width);
+    EXPECT_EQ(caretX(font, text, 4), 0);
+    for (int i = 1; i <= 4; ++i)
+        EXPECT_LT(caretX(font, text, i), caretX(font, text, i - 1)) << i;
+    EXPECT_EQ(font->locate(text, width - 1).index, 0);
+    EXPECT_EQ(font->locate(text, 0).index, 4);
 }
 
 TEST(FontCarets, WideIndexesCountCharactersNotBytes) {

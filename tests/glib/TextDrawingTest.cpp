@@ -209,6 +209,12 @@ TEST(TextDrawing, DamageCoversTheText) {
     EXPECT_TRUE(damaged.contains(window.pixelsWhere(isInk)));
 }
 
+TEST(TextDrawing, CanvasFontsComeFromTheSharedCache) {
+    TextWindow window;
+    Glib::FontDesc const desc("DejaVu Sans", 17, Glib::FontDesc::Italic);
+    EXPECT_EQ(window.top()->createFont(desc).get(), Glib::loadFont(desc).get());
+}
+
 TEST(TextDrawing, UtilityFontDrawsTheSymbolForItsCode) {
     unsigned short size = 24;
     TextWindow coded(XY<int>(60, 40));

@@ -4,6 +4,7 @@
 #include "testing/UiTestDriver.h"
 
 #include "glob/RecordingGlob.h"
+#include "qor/WrappedData.h"
 
 #include <gtest/gtest.h>
 
@@ -228,4 +229,51 @@ TEST_F(Delivery, TopLevelsAreListedTopmostFirstAndFoundByPosition) {
     EXPECT_EQ(driver.widgetAt({100 + 70 + 55, 100 + 70 + 35}), inner);
     EXPECT_EQ(driver.widgetAt({5, 5}), nullptr);
     EXPECT_EQ(GlobManager::instance().find("RecordingGlob"), window);
+}
+
+namespace {
+// Collects the widget pointers of notifications, or the event types of mouse messages.
+struct Collect : iCallbackBase<int, NotifyMsg> {
+    std::vector<Glob*> widgets;
+    std::vector<int> types;
+    std::function<void()> then;
+    int execute(NotifyMsg const& msg) override {
+        if (auto w = Qor::dynamic_ptr_cast<WrappedData<Glob*>>(msg.getData()))
+            widgets.push_back(w->getData());
+        if (auto e = Qor::dynamic_ptr_cast<WrappedData<Event>>(msg.getData()))
+            types.push_back(e->getData().type);
+        if (then)
+            then();
+        return 0;
+    }
+};
+} // namespace
+
+TEST_F(Delivery, ListenersHearOfDeletedAndMovedWidgetsUntilTheirGuardGoes) {
+    auto deleted = Qor::makePtr<Collect>();
+    auto moved = Qor::makePtr<Collect>();
+    auto& manager = GlobManager::instance();
+    auto deletedGuard = manager.registerForNotification(GlobManager::WidgetDeleted, deleted);
+    auto movedGuard = manager.registerForNotification(GlobManager::WidgetMoved, moved);
+    Glob* innerPtr = inner;
+    delete outer;
+    EXPECT_EQ(deleted->widgets, (std::vector<Glob*>{innerPtr, outer}));
+    window->reshapeAndDraw({300, 300});
+    EXPECT_EQ(moved->widgets, (std::vector<Glob*>{window}));
+    deletedGuard.reset();
+    delete window;
+    EXPECT_EQ(deleted->widgets.size(), 2u);
+}
+
+TEST_F(Delivery, AMouseListenerThatDeletesTheTargetLeavesDeliverySafe) {
+    auto listener = Qor::makePtr<Collect>();
+    listener->then = [this] { GlobManager::instance().requestDeletion(inner); };
+    auto guard = Glib::addMouseListener(listener);
+    inner->consumes = EventCode::Mouse;
+    Glob* innerPtr = inner;
+    driver.click(inner, {5, 5});
+    EXPECT_EQ(listener->types.front(), int(EventCode::MouseMove));
+    EXPECT_FALSE(is_good_glob_ptr(innerPtr));
+    driver.click(outer, {150, 140});
+    EXPECT_TRUE(is_good_glob_ptr(outer));
 }

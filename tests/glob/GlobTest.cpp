@@ -1,5 +1,5 @@
-#include "glib/WindowSurface.h"
 #include "display/HeadlessDisplay.h"
+#include "glib/WindowSurface.h"
 #include "glob/GlobManager.h"
 #include "testing/UiTestDriver.h"
 
