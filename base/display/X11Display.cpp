@@ -352,6 +352,10 @@ void X11Display::readEvents(std::vector<InputEvent>& out) {
     }
 }
 
+bool X11Display::eventsWaiting() {
+    return !queued_.empty() || leavePending_ || XPending(display_) > 0;
+}
+
 void X11Display::dispatch(XEvent& event, std::vector<InputEvent>& out) {
     // The input method sees every event first and keeps those it composes from.
     if (XFilterEvent(&event, None))

@@ -36,7 +36,10 @@ public:
     std::unique_ptr<iWindow> createWindow(Canvas* topLevel, WindowKind kind) override;
 
     int eventFd() const override;
+    // Xlib also takes events off the connection during other calls (a clipboard read, an image
+    // transfer), where the descriptor no longer shows them: read events before waiting on it.
     void readEvents(std::vector<InputEvent>& out) override;
+    bool eventsWaiting() override;
     void flush() override;
 
     XY<int> pointerPosition() const override;

@@ -88,7 +88,7 @@ cairo_t* CanvasRenderer::context() {
     cairo_matrix_t flip;
     cairo_matrix_init(&flip, 1, 0, 0, -1, s.offset.x, height - s.offset.y);
     cairo_set_matrix(s.cr, &flip);
-    cairo_set_antialias(s.cr, antialias_ ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
+    cairo_set_antialias(s.cr, antialias_ ? CAIRO_ANTIALIAS_FAST : CAIRO_ANTIALIAS_NONE);
     return s.cr;
 }
 

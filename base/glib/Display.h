@@ -111,6 +111,8 @@ public:
     virtual int eventFd() const = 0;
     // Appends the events that are waiting, without blocking.
     virtual void readEvents(std::vector<InputEvent>& out) = 0;
+    // Events are waiting that the descriptor may not show (already read off the connection).
+    virtual bool eventsWaiting() { return false; }
     // Pushes out anything the display has buffered.
     virtual void flush() = 0;
 

@@ -141,21 +141,23 @@ void drawRoundedRectOutline(CanvasRenderer& r, Colour const& colour, Box const& 
     cairo_t* cr = r.context();
     if (cr == nullptr || box.isEmpty() || lineWidth <= 0)
         return;
-    double inset = thickness - lineWidth / 2.0;
-    Path path;
-    path.addRoundedRect(box.x1 + inset, box.y1 + inset, box.width() - 2 * inset,
-                        box.height() - 2 * inset, std::max(0.0, cornerRadius() - inset), corners);
-    // Cut to the rounded box itself, so that a stroke on its edge doesn't stick out at corners.
-    Path shape;
-    shape.addRoundedRect(box.x1, box.y1, box.width(), box.height(), cornerRadius(), corners);
-    cairo_save(cr);
-    shape.replay(cr);
-    cairo_clip(cr);
-    path.replay(cr);
+    // The stroke's inner side lies `thickness` inside the edge and what would stick out of the
+    // rounded box is cut away: that leaves a ring between two rounded boxes, filled directly
+    // (a rounded clip would cost a mask on every call).
+    double outer = std::max(0, int(thickness) - lineWidth);
+    double inner = thickness;
+    double radius = cornerRadius();
+    Path ring;
+    ring.addRoundedRect(box.x1 + outer, box.y1 + outer, box.width() - 2 * outer,
+                        box.height() - 2 * outer, std::max(0.0, radius - outer), corners);
+    if (box.width() > 2 * inner && box.height() > 2 * inner)
+        ring.addRoundedRect(box.x1 + inner, box.y1 + inner, box.width() - 2 * inner,
+                            box.height() - 2 * inner, std::max(0.0, radius - inner), corners);
+    ring.replay(cr);
     setSource(cr, colour);
-    cairo_set_line_width(cr, lineWidth);
-    cairo_stroke(cr);
-    cairo_restore(cr);
+    cairo_set_fill_rule(cr, CAIRO_FILL_RULE_EVEN_ODD);
+    cairo_fill(cr);
+    cairo_set_fill_rule(cr, CAIRO_FILL_RULE_WINDING);
     r.addModifiedArea(box);
 }
 

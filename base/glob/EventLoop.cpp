@@ -105,7 +105,9 @@ void EventLoop::runOnce(double timeoutMs) {
         fds[count++] = {state_->wakeFd, POLLIN, 0};
     if (Glib::hasDisplay() && Glib::display().eventFd() >= 0)
         fds[count++] = {Glib::display().eventFd(), POLLIN, 0};
-    bool pendingWork = GlobManager::instance().hasQueuedWork();
+    // Xlib may already hold events it read while doing other work; the descriptor won't show them.
+    bool pendingWork = GlobManager::instance().hasQueuedWork() ||
+                       (Glib::hasDisplay() && Glib::display().eventsWaiting());
     {
         std::lock_guard<std::mutex> hold(state_->postLock);
         pendingWork = pendingWork || !state_->posted.empty();

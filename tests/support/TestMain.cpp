@@ -7,6 +7,20 @@
 #include <cstdlib>
 #include <string>
 
+// The leak checker ignores the caches that the font, text and window libraries keep for the
+// process's life (the same list as tests/lsan.supp, which serves programs without this main).
+extern "C" char const* __lsan_default_suppressions() {
+    return "leak:libfontconfig.so\n"
+           "leak:libpango-1.0.so\n"
+           "leak:libpangoft2-1.0.so\n"
+           "leak:libpangocairo-1.0.so\n"
+           "leak:libglib-2.0.so\n"
+           "leak:libgobject-2.0.so\n"
+           "leak:libharfbuzz.so\n"
+           "leak:libcairo.so\n"
+           "leak:libX11.so\n";
+}
+
 int main(int argc, char** argv) {
     std::string home = PANELKIT_TEST_HOME;
     ::setenv("XDG_CONFIG_HOME", (home + "/config").c_str(), 1);
