@@ -26,8 +26,8 @@ public:
     }
     void drawBackground() override {
         CanvasRenderer& r = canvas()->renderer();
-        Glib::drawRoundedRect(r, palette_.window(WindowShadeLight), palette_.window(WindowShadeDark),
-                              face(), 2, 15, 1);
+        Glib::drawRoundedRect(r, palette_.window(WindowShadeLight),
+                              palette_.window(WindowShadeDark), face(), 2, 15, 1);
         Glib::TextDescription t;
         t.text = label_;
         t.font = font_;

@@ -50,11 +50,63 @@ ShapedText::ShapedText(LightweightString<wchar_t> const& text, PangoFontDescript
     pango_layout_set_text(layout_, utf8.data(), static_cast<int>(utf8.size()));
     measureLayout();
     findCarets();
+    glyphsOnly_ = !options.underline && collectGlyphs();
 }
 
 ShapedText::~ShapedText() {
     CriticalSection::Lock hold(TextEngine::lock());
+    for (GlyphRun& run : runs_)
+        cairo_scaled_font_destroy(run.font);
     g_object_unref(layout_);
+}
+
+bool ShapedText::collectGlyphs() {
+    PangoLayoutLine* line = pango_layout_get_line_readonly(layout_, 0);
+    if (line == nullptr)
+        return false;
+    int x = 0;
+    for (GSList* l = line->runs; l != nullptr; l = l->next) {
+        auto* item = static_cast<PangoGlyphItem*>(l->data);
+        PangoGlyphString* glyphs = item->glyphs;
+        cairo_scaled_font_t* font =
+            pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(item->item->analysis.font));
+        if (font == nullptr)
+            return false;
+        runs_.push_back(GlyphRun{cairo_scaled_font_reference(font), {}, {}, {}});
+        GlyphRun& run = runs_.back();
+        for (int i = 0; i < glyphs->num_glyphs; ++i) {
+            PangoGlyphInfo const& g = glyphs->glyphs[i];
+            if ((g.glyph & PANGO_GLYPH_UNKNOWN_FLAG) != 0)
+                return false;
+            if (g.glyph != PANGO_GLYPH_EMPTY) {
+                run.indexes.push_back(g.glyph);
+                run.xs.push_back(double(x + g.geometry.x_offset) / PANGO_SCALE);
+                run.ys.push_back(double(g.geometry.y_offset) / PANGO_SCALE);
+            }
+            x += g.geometry.width;
+        }
+    }
+    return true;
+}
+
+void ShapedText::show(cairo_t* cr) const {
+    if (!glyphsOnly_) {
+        cairo_rel_move_to(cr, 0, -baseline_ / double(PANGO_SCALE));
+        pango_cairo_show_layout(cr, layout_);
+        return;
+    }
+    double x0 = 0, y0 = 0;
+    if (cairo_has_current_point(cr))
+        cairo_get_current_point(cr, &x0, &y0);
+    // Reused between draws, so that drawing a label allocates nothing.
+    static thread_local std::vector<cairo_glyph_t> glyphs;
+    for (GlyphRun const& run : runs_) {
+        glyphs.resize(run.indexes.size());
+        for (std::size_t i = 0; i < glyphs.size(); ++i)
+            glyphs[i] = cairo_glyph_t{run.indexes[i], x0 + run.xs[i], y0 + run.ys[i]};
+        cairo_set_scaled_font(cr, run.font);
+        cairo_show_glyphs(cr, glyphs.data(), int(glyphs.size()));
+    }
 }
 
 void ShapedText::measureLayout() {

@@ -10,6 +10,8 @@
 #include <vector>
 
 typedef struct _PangoLayout PangoLayout;
+typedef struct _cairo cairo_t;
+typedef struct _cairo_scaled_font cairo_scaled_font_t;
 typedef struct _PangoFontDescription PangoFontDescription;
 
 class ShapedText {
@@ -40,10 +42,24 @@ public:
     int byteOffset(int index) const { return bytes_[index]; }
     // The inked pixels, relative to the start of the text on the baseline, y up.
     Box const& ink() const { return ink_; }
+    // Draws the glyphs with the text's start at the current point's x and the baseline on y = 0,
+    // in a y-down space; use it under TextEngine's lock.
+    void show(cairo_t* cr) const;
 
 private:
+    // The glyphs of one font, positioned from the start of the text on the baseline.
+    struct GlyphRun {
+        cairo_scaled_font_t* font;
+        std::vector<double> xs;
+        std::vector<double> ys;
+        std::vector<unsigned long> indexes;
+    };
+
     void measureLayout();
     void findCarets();
+    // Keeps the shaped glyphs so that drawing skips the layout machinery; false when the text
+    // needs more than glyphs (an underline, a glyph the fonts lack).
+    bool collectGlyphs();
 
     PangoLayout* layout_ = nullptr;
     int width_ = 0;
@@ -51,4 +67,6 @@ private:
     std::vector<int> carets_;
     std::vector<int> bytes_;
     Box ink_;
+    std::vector<GlyphRun> runs_;
+    bool glyphsOnly_ = false;
 };

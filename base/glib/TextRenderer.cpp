@@ -45,8 +45,8 @@ NormalisedRGB haloColour(NormalisedRGB const& c) {
 
 // The context is set with the start of the text at the origin, y down, the baseline on y = 0.
 void showLayout(cairo_t* cr, ShapedText const& shaped) {
-    cairo_move_to(cr, 0, -shaped.baselineFromTop() / double(PANGO_SCALE));
-    pango_cairo_show_layout(cr, shaped.layout());
+    cairo_move_to(cr, 0, 0);
+    shaped.show(cr);
 }
 
 void drawHalo(cairo_t* cr, ShapedText const& shaped, NormalisedRGB const& colour) {
