@@ -4,6 +4,7 @@
 #include "glib/CanvasRenderer.h"
 #include "glib/DrawingHelpers.h"
 #include "glib/DrawingState.h"
+#include "glib/GlibState.h"
 #include "glib/WindowSurface.h"
 
 #include <cairo.h>
@@ -13,8 +14,7 @@
 namespace {
 
 std::vector<Glib::DrawingState>& savedStates() {
-    static auto* const states = new std::vector<Glib::DrawingState>;
-    return *states;
+    return GlibState::instance().saved();
 }
 
 Glib::DrawingState& state() {
@@ -75,8 +75,7 @@ cairo_surface_t* grab(cairo_surface_t* store, int storeHeight, Box const& source
 } // namespace
 
 Glib::DrawingState& Glib::DrawingState::current() {
-    static auto* const current = new DrawingState;
-    return *current;
+    return GlibState::instance().drawing();
 }
 
 void glib_setcanvas(Canvas* canvas) {

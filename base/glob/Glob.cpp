@@ -6,6 +6,7 @@
 #include "glib/WindowSurface.h"
 #include "glob/EventLoop.h"
 #include "glob/GlobManager.h"
+#include "glob/Surround.h"
 #include "glob/UIAppearanceSettings.h"
 #include "glob/UifStd.h"
 
@@ -153,6 +154,7 @@ void Glob::init(GlobCreationInfo const& info) {
 }
 
 Glob::~Glob() {
+    removeSurround();
     destroyChildren();
     if (Glob* p = parent()) {
         // Siblings placed beside this widget stay where they are.
@@ -370,6 +372,8 @@ void Glob::resize(double w, double h) {
     }
     reshapeCanvas();
     positionChildWidgets();
+    if (Surround* s = getSurround())
+        s->follow();
 }
 
 void Glob::reshape() {
@@ -549,11 +553,51 @@ void Glob::popToTop(bool alsoWindow) {
 }
 
 void Glob::mapCanvas() {
+    if (Surround* s = getSurround(); s != nullptr && canvas_->surface() != nullptr) {
+        GlobManager::instance().realize(s);
+        canvas_->raise();
+    }
     canvas_->map();
 }
 
 void Glob::unmapCanvas() {
     canvas_->unmap();
+    if (Surround* s = getSurround())
+        s->unmapCanvas();
+}
+
+Surround* Glob::getSurround() const {
+    return EventHandler::valid(surround_, surroundStamp_) ? surround_ : nullptr;
+}
+
+void Glob::addShadow() {
+    addSurround(SurroundParams(Colour(0, 0, 0), 2 * UifStd::getWidgetGap(), 0.35f, 15));
+}
+
+void Glob::addSurround(Colour const& colour, unsigned long size, float fraction,
+                       unsigned int sides) {
+    addSurround(SurroundParams(colour, size, fraction, sides));
+}
+
+void Glob::addSurround(SurroundParams const& params) {
+    if (!isTopLevel())
+        return;
+    removeSurround();
+    surround_ = new Surround(width_, height_, this, params);
+    surroundStamp_ = surround_->getIdStamp();
+    if (canvas_->mapped && canvas_->surface() != nullptr) {
+        GlobManager::instance().realize(surround_);
+        canvas_->raise();
+        if (WindowSurface* s = canvas_->surface(); s->window() != nullptr)
+            s->window()->raise();
+    }
+}
+
+void Glob::removeSurround() {
+    Surround* s = getSurround();
+    surround_ = nullptr;
+    surroundStamp_ = IdStamp::null();
+    delete s;
 }
 
 void Glob::setActive(bool active, eRedrawFlag redraw) {
@@ -731,35 +775,40 @@ XY<int> Glob::placeByOrigin(WidgetDetails const& details, XY<int> const& size) c
     return XY<int>(x, y);
 }
 
+XY<int> placeBeside(Box const& s, XY<int> const& size, eWidgetRelativity relativity,
+                    eWidgetAlignment alignment, int gap) {
+    auto along = [&](int start, int length, int own) {
+        if (alignment == AlignCentre)
+            return start + (length - own) / 2;
+        return alignment == AlignTrailing ? start + length - own : start;
+    };
+    // Leading is the top edge beside a sibling, so the vertical alignment runs the other way.
+    auto alongVertical = [&](int own) {
+        if (alignment == AlignCentre)
+            return s.y1 + (s.height() - own) / 2;
+        return alignment == AlignTrailing ? s.y1 : s.y2 - own;
+    };
+    switch (relativity) {
+    case RelativeLeft:
+        return XY<int>(s.x1 - gap - size.x, alongVertical(size.y));
+    case RelativeRight:
+        return XY<int>(s.x2 + gap, alongVertical(size.y));
+    case RelativeAbove:
+        return XY<int>(along(s.x1, s.width(), size.x), s.y2 + gap);
+    case RelativeBelow:
+        return XY<int>(along(s.x1, s.width(), size.x), s.y1 - gap - size.y);
+    case RelativeNone:
+        break;
+    }
+    return s.bottomLeft();
+}
+
 XY<int> Glob::placeRelative(WidgetDetails const& details, XY<int> const& size) const {
     WidgetPosition const& p = details.position;
     Glob* sibling = p.sibling != nullptr ? p.sibling : previousChildOf(details.widget);
     if (sibling == nullptr || sibling->parent() != this)
         return XY<int>(0, 0);
-    Box s = sibling->canvas()->rect();
-    auto along = [&](int start, int length, int own) {
-        if (p.alignment == AlignCentre)
-            return start + (length - own) / 2;
-        return p.alignment == AlignTrailing ? start + length - own : start;
-    };
-    auto alongVertical = [&](int own) {
-        if (p.alignment == AlignCentre)
-            return s.y1 + (s.height() - own) / 2;
-        return p.alignment == AlignTrailing ? s.y1 : s.y2 - own;
-    };
-    switch (p.relativity) {
-    case RelativeLeft:
-        return XY<int>(s.x1 - p.gap - size.x, alongVertical(size.y));
-    case RelativeRight:
-        return XY<int>(s.x2 + p.gap, alongVertical(size.y));
-    case RelativeAbove:
-        return XY<int>(along(s.x1, s.width(), size.x), s.y2 + p.gap);
-    case RelativeBelow:
-        return XY<int>(along(s.x1, s.width(), size.x), s.y1 - p.gap - size.y);
-    case RelativeNone:
-        break;
-    }
-    return s.bottomLeft();
+    return placeBeside(sibling->canvas()->rect(), size, p.relativity, p.alignment, p.gap);
 }
 
 XY<int> Glob::placeCentred(WidgetDetails const& details, XY<int> const& size) const {

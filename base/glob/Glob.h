@@ -33,6 +33,8 @@
 #include <vector>
 
 class Glob;
+class Surround;
+struct SurroundParams;
 class UIAppearanceSettings;
 
 enum eRedrawFlag : int { NoRedraw = 0, Redraw = 1 };
@@ -431,6 +433,15 @@ public:
     // Paints a box in a colour, in this widget's coordinates.
     void fillRect(Box const& box, Colour const& colour);
 
+    // Adornment of a top-level widget (a child has no window to frame): a soft frame of its own
+    // window around it, or a shadow (a dark frame). One at a time; removing it deletes it.
+    void addShadow();
+    void addSurround(SurroundParams const& params);
+    void addSurround(Colour const& colour, unsigned long size, float fraction, unsigned int sides);
+    void removeSurround();
+    bool hasSurround() const { return getSurround() != nullptr; }
+    Surround* getSurround() const;
+
 protected:
     void updateNow() override;
     // Size fields as stored; resize() keeps the old ones.
@@ -462,6 +473,8 @@ private:
         int mask;
     };
     std::vector<ForwardedInterest> forwards_;
+    Surround* surround_ = nullptr;
+    IdStamp surroundStamp_ = IdStamp::null();
     Glob* logicalParent_ = nullptr;
     IdStamp logicalParentStamp_ = IdStamp::null();
     int interests_ = 0;
@@ -497,6 +510,11 @@ T* Glob::createChild(typename T::InitArgs args, WidgetPosition const& position,
     addChild(child, position, surround);
     return child;
 }
+
+// Where a box of the size goes beside `sibling` (same coordinates), `gap` away on the side the
+// relativity names, aligned along that side as the alignment says.
+XY<int> placeBeside(Box const& sibling, XY<int> const& size, eWidgetRelativity relativity,
+                    eWidgetAlignment alignment, int gap);
 
 // Free functions on widgets.
 Glob* canvas_to_glob(Canvas* canvas);

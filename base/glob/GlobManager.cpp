@@ -3,6 +3,7 @@
 #include "glib/WindowSurface.h"
 #include "glob/EventLoop.h"
 #include "glob/ScreenServices.h"
+#include "glob/UifStd.h"
 #include "os/Clock.h"
 #include "qor/WrappedData.h"
 
@@ -40,7 +41,9 @@ GlobManager& GlobManager::instance() {
     return *manager;
 }
 
-GlobManager::GlobManager() = default;
+GlobManager::GlobManager()
+    : themeListener_(UifStd::addThemeListener(
+          [](unsigned mask) { GlobManager::instance().broadcastUIChange(mask); })) {}
 
 // Registry
 
@@ -101,7 +104,7 @@ void GlobManager::realize(Glob* glob) {
     if (std::find(topLevels_.begin(), topLevels_.end(), glob) == topLevels_.end())
         topLevels_.push_back(glob);
     canvas->raise();
-    canvas->map();
+    glob->mapCanvas();
     glob->update();
 }
 
@@ -217,6 +220,55 @@ XY<int> GlobManager::getSafePosForGlob(Canvas*, XY<int> const& wanted, XY<int> c
     XY<int> screen = Glib::display().screenSize();
     return XY<int>(std::clamp(wanted.x, 0, std::max(0, screen.x - size.x)),
                    std::clamp(wanted.y, 0, std::max(0, screen.y - size.y)));
+}
+
+XY<int> GlobManager::calcPosForGlob(XY<int> const& size, SiblingRelativePosition const& where,
+                                    Box const& screen) const {
+    Box anchor = screen;
+    if (is_good_glob_ptr(where.sibling)) {
+        XY<int> origin = where.sibling->canvas()->rootPosition();
+        Box part = where.subRect != nullptr ? *where.subRect : where.sibling->face();
+        anchor = part.translated(origin.x, origin.y);
+    }
+    XY<int> at = placeBeside(anchor, size, where.relativity, where.alignment, where.gap);
+    at.x = std::clamp(at.x, screen.x1, std::max(screen.x1, screen.x2 - size.x));
+    return at;
+}
+
+XY<int> GlobManager::calcPosForGlob(XY<int> const& size, Box const& anchor,
+                                    eWidgetAlignment alignment, eWidgetRelativity relativity,
+                                    Glob*) const {
+    XY<int> screen = Glib::display().screenSize();
+    XY<int> at = placeBeside(anchor, size, relativity, alignment, 0);
+    at.x = std::clamp(at.x, 0, std::max(0, screen.x - size.x));
+    return at;
+}
+
+XY<int> GlobManager::getPosForGlob(GlobCreationInfo const& info,
+                                   WidgetPosition const& position) const {
+    XY<int> size(info.width, info.height);
+    XY<int> screen = Glib::display().screenSize();
+    Box whole(0, 0, screen.x, screen.y);
+    XY<int> at;
+    if (position.kind == WidgetPosition::Relative && is_good_glob_ptr(position.sibling)) {
+        XY<int> origin = position.sibling->canvas()->rootPosition();
+        at = placeBeside(position.sibling->face().translated(origin.x, origin.y), size,
+                         position.relativity, position.alignment, position.gap);
+    } else if (position.kind == WidgetPosition::ByOrigin) {
+        bool fromRight = position.origin == OriginBottomRight || position.origin == OriginTopRight;
+        bool fromTop = position.origin == OriginTopLeft || position.origin == OriginTopRight;
+        at = XY<int>(fromRight ? screen.x - position.offset.x - size.x : position.offset.x,
+                     fromTop ? screen.y - position.offset.y - size.y : position.offset.y);
+    } else {
+        at = XY<int>((screen.x - size.x) / 2 + position.offset.x,
+                     (screen.y - size.y) / 2 + position.offset.y);
+    }
+    return getSafePosForGlob(glib_rootcanvas(), at, size);
+}
+
+Box GlobManager::getMaximisedPosForGlob(Glob*) const {
+    XY<int> screen = Glib::display().screenSize();
+    return Box(0, 0, screen.x, screen.y);
 }
 
 void GlobManager::redisplay(Glob* glob, XY<int> const& pos, eCoordinateOrigin origin, bool redraw) {

@@ -27,6 +27,16 @@
 #include <set>
 #include <vector>
 
+// A window's place beside a widget, or beside part of it.
+struct SiblingRelativePosition {
+    Glob* sibling = nullptr;
+    // A part of the sibling (its coordinates) to stand beside; null for the whole widget.
+    Box const* subRect = nullptr;
+    eWidgetRelativity relativity = RelativeBelow;
+    eWidgetAlignment alignment = AlignLeading;
+    int gap = 0;
+};
+
 class GlobManager {
 public:
     static GlobManager& instance();
@@ -48,6 +58,17 @@ public:
 
     // A position for a window of the size that keeps it on the screen.
     XY<int> getSafePosForGlob(Canvas* root, XY<int> const& wanted, XY<int> const& size) const;
+    // Where a window of the size goes beside a widget: kept on the screen across, but not up and
+    // down, so that a caller sees a negative y when there is no room below and can go above.
+    XY<int> calcPosForGlob(XY<int> const& size, SiblingRelativePosition const& where,
+                           Box const& screen) const;
+    XY<int> calcPosForGlob(XY<int> const& size, Box const& anchor, eWidgetAlignment alignment,
+                           eWidgetRelativity relativity, Glob* sibling) const;
+    // A root position for a window about to be made: the position read against the screen (by
+    // origin or centred) or against its sibling, then kept on the screen.
+    XY<int> getPosForGlob(GlobCreationInfo const& info, WidgetPosition const& position) const;
+    // The area a window takes when maximised: the screen.
+    Box getMaximisedPosForGlob(Glob* glob) const;
     void redisplay(Glob* glob, XY<int> const& pos, eCoordinateOrigin origin, bool redraw);
     // Notes a user action under a four-character code.
     void recordAction(unsigned int code, WidgetPosition const& position);
@@ -124,6 +145,8 @@ private:
 
     void tellMouseListeners(Event const& event);
 
+    // Theme changes reach every widget through handleUIChange.
+    Qor::Ptr<iObject> themeListener_;
     Notifier widgetNotifier_;
     Notifier mouseNotifier_;
     std::set<Glob*> live_;

@@ -277,3 +277,33 @@ TEST_F(Delivery, AMouseListenerThatDeletesTheTargetLeavesDeliverySafe) {
     driver.click(outer, {150, 140});
     EXPECT_TRUE(is_good_glob_ptr(outer));
 }
+
+TEST_F(Delivery, WindowsPlacedBesideAWidgetStayOnTheScreenAcrossButNotDown) {
+    auto& manager = GlobManager::instance();
+    SiblingRelativePosition below;
+    below.sibling = inner;
+    below.relativity = RelativeBelow;
+    // inner is at root (170, 170), 60 by 40.
+    Box screen(0, 0, 1920, 1080);
+    EXPECT_EQ(manager.calcPosForGlob({100, 50}, below, screen), XY<int>(170, 120));
+    EXPECT_EQ(manager.calcPosForGlob({100, 300}, below, screen), XY<int>(170, -130));
+    below.alignment = AlignTrailing;
+    EXPECT_EQ(manager.calcPosForGlob({100, 50}, below, screen), XY<int>(130, 120));
+    Box part(40, 0, 60, 10);
+    below.subRect = &part;
+    below.alignment = AlignLeading;
+    EXPECT_EQ(manager.calcPosForGlob({100, 50}, below, screen), XY<int>(210, 120));
+    SiblingRelativePosition right;
+    right.sibling = inner;
+    right.relativity = RelativeRight;
+    EXPECT_EQ(manager.calcPosForGlob({2000, 50}, right, screen).x, 0);
+}
+
+TEST_F(Delivery, NewWindowsArePlacedAgainstTheScreenAndKeptOnIt) {
+    auto& manager = GlobManager::instance();
+    GlobCreationInfo info(200, 100);
+    EXPECT_EQ(manager.getPosForGlob(info, Glob::TopRight(10, 20)), XY<int>(1920 - 210, 1080 - 120));
+    EXPECT_EQ(manager.getPosForGlob(info, Glob::Centre(0, 0)), XY<int>(860, 490));
+    EXPECT_EQ(manager.getPosForGlob(info, Glob::BottomLeft(-50, 2000)), XY<int>(0, 980));
+    EXPECT_EQ(manager.getPosForGlob(info, Glob::Below(5, inner)), XY<int>(170, 65));
+}

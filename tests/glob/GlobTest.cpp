@@ -1,6 +1,7 @@
 #include "display/HeadlessDisplay.h"
 #include "glib/WindowSurface.h"
 #include "glob/GlobManager.h"
+#include "glob/UifStd.h"
 #include "testing/UiTestDriver.h"
 
 #include "glob/RecordingGlob.h"
@@ -201,4 +202,22 @@ TEST_F(Widgets, ThemeChangesReachEveryWidget) {
     window->addWidget(c, 0, 0);
     GlobManager::instance().broadcastUIChange(8);
     EXPECT_EQ(c->masks, (std::vector<unsigned>{8}));
+}
+
+TEST_F(Widgets, AChangedThemeValueReachesEveryWidgetOnce) {
+    struct Counting : RecordingGlob {
+        using RecordingGlob::RecordingGlob;
+        void handleUIChange(unsigned mask) override {
+            masks.push_back(mask);
+            RecordingGlob::handleUIChange(mask);
+        }
+        std::vector<unsigned> masks;
+    };
+    GlobCreationInfo info(10, 10);
+    info.canvas = window->canvas();
+    auto* c = new Counting(info);
+    window->addWidget(c, 0, 0);
+    UifStd::setThemeValue(LightweightString<char>("panelcorners"),
+                          LightweightString<wchar_t>(L"1"));
+    EXPECT_EQ(c->masks, (std::vector<unsigned>{1}));
 }
