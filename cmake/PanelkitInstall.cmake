@@ -1,6 +1,7 @@
 # Install rules: the two libraries, every public header, the resources, a CMake package
-# (find_package(Panelkit) -> Panelkit::base, Panelkit::panelkit) and pkg-config files. Headers and
-# resources are globbed, so files added later are installed without touching this file.
+# (find_package(Panelkit) -> Panelkit::base, Panelkit::panelkit) and pkg-config files. Headers,
+# texts and icons are found by globbing, so files added later are installed without touching this
+# file.
 
 include(CMakePackageConfigHelpers)
 
@@ -35,9 +36,10 @@ install(TARGETS panelkit-base panelkit
 panelkit_install_tree(${PROJECT_SOURCE_DIR}/base ${PANELKIT_INSTALL_INCLUDEDIR} Development *.h)
 panelkit_install_tree(${PROJECT_SOURCE_DIR}/toolkit ${PANELKIT_INSTALL_INCLUDEDIR} Development *.h)
 
-# The same layout as the build tree's mirror in <build>/share/panelkit.
-panelkit_install_tree(${PROJECT_SOURCE_DIR}/resources ${PANELKIT_INSTALL_DATADIR} Runtime
-    strings/* icons/*)
+# The same layout as the build tree's mirror in <build>/share/panelkit: the texts as they are, the
+# icons as the build rendered them (resources/CMakeLists.txt lists them).
+panelkit_install_tree(${PROJECT_SOURCE_DIR}/resources ${PANELKIT_INSTALL_DATADIR} Runtime strings/*)
+install(FILES ${PANELKIT_ICON_FILES} DESTINATION ${PANELKIT_INSTALL_DATADIR}/icons COMPONENT Runtime)
 
 install(EXPORT PanelkitTargets
     NAMESPACE Panelkit::

@@ -7,6 +7,7 @@
 #include "ClockPage.h"
 #include "DrawingPage.h"
 #include "GalleryWindow.h"
+#include "IconsPage.h"
 #include "ShapesPage.h"
 #include "TextPage.h"
 
@@ -97,6 +98,7 @@ GalleryWindow* makeGallery(XY<int> const& screen) {
     window->addPage<DrawingPage>();
     window->addPage<ShapesPage>();
     window->addPage<ClockPage>();
+    window->addPage<IconsPage>();
     window->showPage(0);
     GlobManager::instance().realize(window);
     return window;

@@ -67,6 +67,23 @@ public:
     // The display in use supplies the clipboard; null restores the built-in one, which keeps the
     // text within the process.
     virtual void setClipboard(iClipboard* clipboard) = 0;
+
+    // The family of the system's fixed-pitch font, looked up once.
+    virtual LightweightString<wchar_t> getFixedPitchFontName() = 0;
+
+    // Hand a URL or a file to the desktop's opener and return without waiting for it. They answer
+    // whether the opener could be started, and never throw. The opener is xdg-open, or the program
+    // that the environment variable PANELKIT_OPENER names.
+    virtual bool openURL(LightweightString<wchar_t> const& url) = 0;
+    virtual bool openFile(LightweightString<wchar_t> const& path) = 0;
+
+    // $HOME. The default folder, where file choosers start without a path, is the home folder.
+    virtual LightweightString<wchar_t> getHomeDirectory() = 0;
+    virtual LightweightString<wchar_t> getDefaultDirectory() = 0;
+
+    // A file's modification time in local time as "05 Mar 2024 14:07", month names in English
+    // whatever the locale.
+    virtual LightweightString<wchar_t> formatFileTime(long long secondsSinceEpoch) = 0;
 };
 
 iOS* OS();
