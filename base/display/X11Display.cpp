@@ -273,15 +273,20 @@ void X11Display::flush() {
     XFlush(display_);
 }
 
-XY<int> X11Display::pointerPosition() const {
+bool X11Display::queryPointer(int& rootX, int& rootY, unsigned& mask) const {
     Window root = None;
     Window child = None;
-    int rootX = 0;
-    int rootY = 0;
     int x = 0;
     int y = 0;
-    unsigned mask = 0;
-    XQueryPointer(display_, root_, &root, &child, &rootX, &rootY, &x, &y, &mask);
+    rootX = rootY = 0;
+    mask = 0;
+    return XQueryPointer(display_, root_, &root, &child, &rootX, &rootY, &x, &y, &mask);
+}
+
+XY<int> X11Display::pointerPosition() const {
+    int rootX, rootY;
+    unsigned mask;
+    queryPointer(rootX, rootY, mask);
     return fromXPoint(rootX, rootY);
 }
 
@@ -568,14 +573,9 @@ void X11Display::noteFocus(bool in, X11Window* window) {
     window->focusChanged(in);
     if (in) {
         // Modifiers may have changed while another program had the keyboard.
-        Window root = None;
-        Window child = None;
-        int rootX = 0;
-        int rootY = 0;
-        int x = 0;
-        int y = 0;
-        unsigned mask = 0;
-        if (XQueryPointer(display_, root_, &root, &child, &rootX, &rootY, &x, &y, &mask))
+        int rootX, rootY;
+        unsigned mask;
+        if (queryPointer(rootX, rootY, mask))
             modifiers_->set(X11Keys::modifiersFromState(mask));
     }
 }

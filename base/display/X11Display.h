@@ -43,6 +43,8 @@ public:
     void flush() override;
 
     XY<int> pointerPosition() const override;
+    // The pointer on the root window and the modifier and button state; false off this screen.
+    bool queryPointer(int& rootX, int& rootY, unsigned& mask) const;
     bool hasFocus() const override { return focusedWindows_ > 0; }
     iKeyboardState& keyboardState() override;
 

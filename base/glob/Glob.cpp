@@ -39,6 +39,26 @@ RedrawState& redraws() {
 
 constexpr double tickPeriodMs = 20.0;
 
+WidgetPosition byOrigin(eCoordinateOrigin origin, int x, int y,
+                        eWidgetAlignment alignment = AlignLeading,
+                        WidgetPosition::Kind kind = WidgetPosition::ByOrigin) {
+    WidgetPosition p;
+    p.kind = kind;
+    p.origin = origin;
+    p.offset = XY<int>(x, y);
+    p.alignment = alignment;
+    return p;
+}
+WidgetPosition relative(eWidgetRelativity relativity, int gap, Glob* sibling,
+                        eWidgetAlignment alignment) {
+    WidgetPosition p;
+    p.kind = WidgetPosition::Relative;
+    p.relativity = relativity;
+    p.gap = gap;
+    p.sibling = sibling;
+    p.alignment = alignment;
+    return p;
+}
 } // namespace
 
 // CanvasClient
@@ -706,21 +726,12 @@ void Glob::addChild(Glob* child, WidgetPosition const& position, WidgetSurround 
 
 void Glob::addWidget(Glob* child, int x, int y, eCoordinateOrigin origin, WidgetSurround surround,
                      Glob*) {
-    WidgetPosition position;
-    position.origin = origin;
-    position.offset = XY<int>(x, y);
-    addChild(child, position, surround);
+    addChild(child, byOrigin(origin, x, y), surround);
 }
 
 void Glob::addWidgetRelative(Glob* child, Glob* sibling, int gap, eWidgetRelativity relativity,
                              WidgetSurround surround, eWidgetAlignment alignment) {
-    WidgetPosition position;
-    position.kind = WidgetPosition::Relative;
-    position.sibling = sibling;
-    position.gap = gap;
-    position.relativity = relativity;
-    position.alignment = alignment;
-    addChild(child, position, surround);
+    addChild(child, relative(relativity, gap, sibling, alignment), surround);
 }
 
 WidgetDetails* Glob::getWidget(Glob* child) {
@@ -746,21 +757,14 @@ void Glob::setWidgetDetails(Glob* child, WidgetPosition const& position) {
 }
 
 void Glob::setWidgetOrigin(Glob* child, eCoordinateOrigin origin, XY<int> const& offset) {
-    WidgetPosition position;
-    position.origin = origin;
-    position.offset = offset;
-    setWidgetDetails(child, position);
+    setWidgetDetails(child, byOrigin(origin, offset.x, offset.y));
 }
 
 void Glob::setWidgetRelativity(Glob* child, Glob* sibling, eWidgetRelativity relativity, int gap,
                                eWidgetAlignment alignment) {
-    WidgetPosition position;
-    position.kind = WidgetPosition::Relative;
-    position.sibling = sibling != nullptr ? sibling : previousChildOf(child);
-    position.relativity = relativity;
-    position.gap = gap;
-    position.alignment = alignment;
-    setWidgetDetails(child, position);
+    setWidgetDetails(child,
+                     relative(relativity, gap,
+                              sibling != nullptr ? sibling : previousChildOf(child), alignment));
 }
 
 XY<int> Glob::placeByOrigin(WidgetDetails const& details, XY<int> const& size) const {
@@ -1025,25 +1029,6 @@ void Glob::unsetModalContextGlob(Glob* popup) {
 
 // Position makers
 
-namespace {
-WidgetPosition byOrigin(eCoordinateOrigin origin, int x, int y) {
-    WidgetPosition p;
-    p.origin = origin;
-    p.offset = XY<int>(x, y);
-    return p;
-}
-WidgetPosition relative(eWidgetRelativity relativity, int gap, Glob* sibling,
-                        eWidgetAlignment alignment) {
-    WidgetPosition p;
-    p.kind = WidgetPosition::Relative;
-    p.relativity = relativity;
-    p.gap = gap;
-    p.sibling = sibling;
-    p.alignment = alignment;
-    return p;
-}
-} // namespace
-
 WidgetPosition Glob::TopLeft(int x, int y) {
     return byOrigin(OriginTopLeft, x, y);
 }
@@ -1060,40 +1045,25 @@ WidgetPosition Glob::BottomRight(int x, int y) {
     return byOrigin(OriginBottomRight, x, y);
 }
 WidgetPosition Glob::UserTopLeft(int x, int y, eWidgetAlignment alignment) {
-    WidgetPosition p = byOrigin(OriginUserTopLeft, x, y);
-    p.alignment = alignment;
-    return p;
+    return byOrigin(OriginUserTopLeft, x, y, alignment);
 }
 WidgetPosition Glob::UserTopRight(int x, int y, eWidgetAlignment alignment) {
-    WidgetPosition p = byOrigin(OriginUserTopRight, x, y);
-    p.alignment = alignment;
-    return p;
+    return byOrigin(OriginUserTopRight, x, y, alignment);
 }
 WidgetPosition Glob::UserBottomLeft(int x, int y, eWidgetAlignment alignment) {
-    WidgetPosition p = byOrigin(OriginUserBottomLeft, x, y);
-    p.alignment = alignment;
-    return p;
+    return byOrigin(OriginUserBottomLeft, x, y, alignment);
 }
 WidgetPosition Glob::UserBottomRight(int x, int y, eWidgetAlignment alignment) {
-    WidgetPosition p = byOrigin(OriginUserBottomRight, x, y);
-    p.alignment = alignment;
-    return p;
+    return byOrigin(OriginUserBottomRight, x, y, alignment);
 }
 WidgetPosition Glob::Centre(int x, int y, eWidgetAlignment alignment) {
-    WidgetPosition p = byOrigin(OriginBottomLeft, x, y);
-    p.kind = WidgetPosition::Centred;
-    p.alignment = alignment;
-    return p;
+    return byOrigin(OriginBottomLeft, x, y, alignment, WidgetPosition::Centred);
 }
 WidgetPosition Glob::LeftCentre(int x, int y, eWidgetAlignment alignment) {
-    WidgetPosition p = Centre(x, y, alignment);
-    p.kind = WidgetPosition::LeftCentred;
-    return p;
+    return byOrigin(OriginBottomLeft, x, y, alignment, WidgetPosition::LeftCentred);
 }
 WidgetPosition Glob::RightCentre(int x, int y, eWidgetAlignment alignment) {
-    WidgetPosition p = Centre(x, y, alignment);
-    p.kind = WidgetPosition::RightCentred;
-    return p;
+    return byOrigin(OriginBottomLeft, x, y, alignment, WidgetPosition::RightCentred);
 }
 WidgetPosition Glob::Above(int gap, Glob* sibling, eWidgetAlignment alignment) {
     return relative(RelativeAbove, gap, sibling, alignment);

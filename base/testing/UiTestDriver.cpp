@@ -56,12 +56,17 @@ double UiTestDriver::now() const {
 }
 
 void UiTestDriver::inject(int kind, Glob* g, XY<int> const& p, int button, int steps) {
-    if (!is_good_glob_ptr(g))
-        return;
+    if (is_good_glob_ptr(g))
+        injectAt(kind, g->canvas()->getRootParent(), g->canvas()->rootPosition() + p, button,
+                 steps);
+}
+
+void UiTestDriver::injectAt(int kind, Canvas* window, XY<int> const& rootPos, int button,
+                            int steps) {
     InputEvent e;
     e.kind = InputEvent::Kind(kind);
-    e.window = g->canvas()->getRootParent();
-    e.rootPos = g->canvas()->rootPosition() + p;
+    e.window = window;
+    e.rootPos = rootPos;
     e.button = button;
     e.wheelSteps = steps;
     e.modifiers = display_->modifiers();
@@ -105,15 +110,7 @@ void UiTestDriver::drag(Glob* g, XY<int> const& from, XY<int> const& to, int ste
     XY<int> origin = g->canvas()->rootPosition();
     Canvas* window = g->canvas()->getRootParent();
     auto at = [&](int kind, XY<int> const& p, int button) {
-        InputEvent e;
-        e.kind = InputEvent::Kind(kind);
-        e.window = window;
-        e.rootPos = origin + p;
-        e.button = button;
-        e.modifiers = display_->modifiers();
-        e.time = clock_->now;
-        display_->inject(e);
-        processEvents();
+        injectAt(kind, window, origin + p, button, 0);
     };
     at(InputEvent::PointerMove, from, 0);
     at(InputEvent::PointerPress, from, 1);
@@ -130,9 +127,9 @@ void UiTestDriver::wheel(Glob* g, XY<int> const& p, int steps) {
     inject(InputEvent::WheelTurn, g, p, 0, steps);
 }
 
-void UiTestDriver::keyDown(unsigned code) {
+void UiTestDriver::injectKey(int kind, unsigned code) {
     InputEvent e;
-    e.kind = InputEvent::KeyDown;
+    e.kind = InputEvent::Kind(kind);
     e.key = code;
     e.modifiers = display_->modifiers();
     e.time = clock_->now;
@@ -141,15 +138,12 @@ void UiTestDriver::keyDown(unsigned code) {
     processEvents();
 }
 
+void UiTestDriver::keyDown(unsigned code) {
+    injectKey(InputEvent::KeyDown, code);
+}
+
 void UiTestDriver::keyUp(unsigned code) {
-    InputEvent e;
-    e.kind = InputEvent::KeyUp;
-    e.key = code;
-    e.modifiers = display_->modifiers();
-    e.time = clock_->now;
-    e.rootPos = display_->pointerPosition();
-    display_->inject(e);
-    processEvents();
+    injectKey(InputEvent::KeyUp, code);
 }
 
 void UiTestDriver::keyPress(unsigned code) {

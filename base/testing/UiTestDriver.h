@@ -69,6 +69,8 @@ private:
     struct VirtualClock;
 
     void inject(int kind, Glob* g, XY<int> const& p, int button, int steps);
+    void injectAt(int kind, Canvas* window, XY<int> const& rootPos, int button, int steps);
+    void injectKey(int kind, unsigned code);
 
     std::unique_ptr<VirtualClock> clock_;
     iClock* previousClock_;
