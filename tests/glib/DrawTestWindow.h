@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <memory>
 
 namespace DrawTest {
@@ -17,7 +18,8 @@ namespace DrawTest {
 inline NormalisedRGB const kRed(1, 0, 0);
 inline NormalisedRGB const kGreen(0, 1, 0);
 inline NormalisedRGB const kBlue(0, 0, 1);
-inline NormalisedRGB const kNone(0, 0, 0, 0);
+
+using PixelTest = std::function<bool(NormalisedRGB const&)>;
 
 class TestWindow {
 public:
@@ -42,20 +44,32 @@ public:
         return canvas;
     }
 
-    // The smallest box holding every pixel that isn't fully transparent, and how many there are.
-    Box paintedBounds(int* count = nullptr) const {
-        Box bounds;
+    // The smallest box holding every pixel of `area` (all of the window when empty) that matches,
+    // and how many match.
+    Box pixelsWhere(PixelTest const& match, int* count = nullptr, Box area = Box()) const {
+        area = area.isEmpty() ? Box(0, 0, surface().size().x, surface().size().y) : area;
+        Box found;
         int n = 0;
-        XY<int> size = surface().size();
-        for (int y = 0; y < size.y; ++y)
-            for (int x = 0; x < size.x; ++x)
-                if (at(x, y).a > 0) {
-                    bounds = bounds.unite(Box(x, y, x + 1, y + 1));
+        for (int y = area.y1; y < area.y2; ++y)
+            for (int x = area.x1; x < area.x2; ++x)
+                if (match(at(x, y))) {
+                    found = found.unite(Box(x, y, x + 1, y + 1));
                     ++n;
                 }
         if (count != nullptr)
             *count = n;
-        return bounds;
+        return found;
+    }
+
+    // The pixels that aren't fully transparent.
+    Box paintedBounds(int* count = nullptr) const {
+        return pixelsWhere([](NormalisedRGB const& p) { return p.a > 0; }, count);
+    }
+
+    int countInRow(PixelTest const& match, int y) const {
+        int n = 0;
+        pixelsWhere(match, &n, Box(0, y, surface().size().x, y + 1));
+        return n;
     }
 
     // True when exactly the pixels of `box` are painted.
@@ -66,8 +80,7 @@ public:
             return ::testing::AssertionSuccess();
         return ::testing::AssertionFailure()
                << "painted " << count << " pixels within (" << bounds.x1 << "," << bounds.y1
-               << ")-(" << bounds.x2 << "," << bounds.y2 << "), expected (" << box.x1 << ","
-               << box.y1 << ")-(" << box.x2 << "," << box.y2 << ")";
+               << ")-(" << bounds.x2 << "," << bounds.y2 << ")";
     }
 
 private:
@@ -82,10 +95,8 @@ sameColour(NormalisedRGB const& actual, NormalisedRGB const& expected, float tol
         std::fabs(actual.b - expected.b) <= tolerance &&
         std::fabs(actual.a - expected.a) <= tolerance)
         return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure()
-           << "colour (" << actual.r << ", " << actual.g << ", " << actual.b << ", " << actual.a
-           << "), expected (" << expected.r << ", " << expected.g << ", " << expected.b << ", "
-           << expected.a << ")";
+    return ::testing::AssertionFailure() << "colour (" << actual.r << ", " << actual.g << ", "
+                                         << actual.b << ", " << actual.a << ")";
 }
 
 inline void fill(CanvasRenderer& r, Box const& box, NormalisedRGB const& colour) {

@@ -10,28 +10,9 @@ namespace {
 
 using DrawTest::TestWindow;
 
-// A transparent window: every pixel the glyph touches has some alpha.
-class GlyphWindow : public TestWindow {
-public:
-    Box ink() const { return paintedBounds(); }
-
-    int inkInRow(int y) const {
-        int n = 0;
-        for (int x = 0; x < surface().size().x; ++x)
-            n += at(x, y).a > 0 ? 1 : 0;
-        return n;
-    }
-
-    // The most opaque pixel, where the glyph's colour shows unmixed.
-    NormalisedRGB solidest() const {
-        NormalisedRGB best = DrawTest::kNone;
-        for (int y = 0; y < surface().size().y; ++y)
-            for (int x = 0; x < surface().size().x; ++x)
-                if (at(x, y).a > best.a)
-                    best = at(x, y);
-        return best;
-    }
-};
+bool inked(NormalisedRGB const& p) {
+    return p.a > 0;
+}
 
 ::testing::AssertionResult centredIn(Box const& ink, Box const& box) {
     int horizontal = (ink.x1 - box.x1) - (box.x2 - ink.x2);
@@ -39,68 +20,60 @@ public:
     if (box.contains(ink) && std::abs(horizontal) <= 2 && std::abs(vertical) <= 2)
         return ::testing::AssertionSuccess();
     return ::testing::AssertionFailure()
-           << "ink (" << ink.x1 << "," << ink.y1 << ")-(" << ink.x2 << "," << ink.y2 << ") in box ("
-           << box.x1 << "," << box.y1 << ")-(" << box.x2 << "," << box.y2 << ")";
+           << "ink (" << ink.x1 << "," << ink.y1 << ")-(" << ink.x2 << "," << ink.y2 << ")";
 }
 
-QorTTF::eGlyph const allGlyphs[] = {QorTTF::DownArrow, QorTTF::UpArrow, QorTTF::RightArrow,
-                                    QorTTF::LeftArrow, QorTTF::Tick,    QorTTF::FilledStar,
-                                    QorTTF::EmptyStar};
+// The ink of `glyph` drawn into `box` of a fresh transparent window.
+Box inkOf(QorTTF::eGlyph glyph, Box const& box, TestWindow const& window = TestWindow()) {
+    drawGlyph(window.renderer(), glyph, box, Colour(1, 0, 0));
+    return window.paintedBounds();
+}
 
-TEST(Glyphs, EachGlyphIsCentredInItsBoxInTheColour) {
-    Box const box(30, 20, 70, 60);
-    for (QorTTF::eGlyph glyph : allGlyphs) {
+TEST(Glyphs, EachGlyphIsCentredInItsBoxInTheColourAndGrowsWithTheBox) {
+    for (QorTTF::eGlyph glyph :
+         {QorTTF::DownArrow, QorTTF::UpArrow, QorTTF::RightArrow, QorTTF::LeftArrow, QorTTF::Tick,
+          QorTTF::FilledStar, QorTTF::EmptyStar}) {
         SCOPED_TRACE(char(glyph));
-        GlyphWindow window;
-        drawGlyph(window.renderer(), glyph, box, Colour(1, 0, 0));
-        Box ink = window.ink();
+        Box const box(30, 20, 70, 60);
+        TestWindow window;
+        Box ink = inkOf(glyph, box, window);
         EXPECT_TRUE(centredIn(ink, box));
         EXPECT_GE(std::max(ink.width(), ink.height()), box.height() / 3);
-        EXPECT_TRUE(DrawTest::sameColour(window.solidest(), DrawTest::kRed, 0.05f));
+        // Where the glyph is solid its colour shows unmixed.
+        int solid = 0;
+        window.pixelsWhere(
+            [](NormalisedRGB const& p) {
+                return bool(DrawTest::sameColour(p, DrawTest::kRed, 0.05f));
+            },
+            &solid);
+        EXPECT_GT(solid, 0);
+
+        Box small = inkOf(glyph, Box(10, 10, 30, 30));
+        EXPECT_NEAR(ink.width(), 2 * small.width(), 3);
+        EXPECT_NEAR(ink.height(), 2 * small.height(), 3);
     }
 }
 
-// The glyph is as large as text whose line fills the box's height.
-TEST(Glyphs, TheGlyphGrowsWithTheBox) {
-    for (QorTTF::eGlyph glyph : allGlyphs) {
-        SCOPED_TRACE(char(glyph));
-        GlyphWindow small, large;
-        drawGlyph(small.renderer(), glyph, Box(10, 10, 30, 30), Colour(0, 0, 0));
-        drawGlyph(large.renderer(), glyph, Box(10, 10, 50, 50), Colour(0, 0, 0));
-        EXPECT_NEAR(large.ink().width(), 2 * small.ink().width(), 3);
-        EXPECT_NEAR(large.ink().height(), 2 * small.ink().height(), 3);
-    }
-}
-
-TEST(Glyphs, ANarrowOrFlatBoxShrinksTheGlyphToFit) {
+TEST(Glyphs, ANarrowOrFlatBoxShrinksTheGlyphToFitAndAnEmptyOneDrawsNothing) {
     for (Box const& box : {Box(50, 10, 58, 80), Box(10, 40, 110, 47)}) {
         SCOPED_TRACE(box.width());
-        GlyphWindow window;
-        drawGlyph(window.renderer(), QorTTF::FilledStar, box, Colour(0, 0, 0));
-        Box ink = window.ink();
+        Box ink = inkOf(QorTTF::FilledStar, box);
         EXPECT_FALSE(ink.isEmpty());
         EXPECT_TRUE(centredIn(ink, box));
         EXPECT_GE(std::min(ink.width(), ink.height()), std::min(box.width(), box.height()) - 3);
     }
+    EXPECT_TRUE(inkOf(QorTTF::Tick, Box(40, 40, 40, 60)).isEmpty());
 }
 
 TEST(Glyphs, ArrowsPointTheWayTheirGlyphSays) {
     Box const box(30, 20, 70, 60);
-    GlyphWindow down;
-    drawGlyph(down.renderer(), QorTTF::DownArrow, box, Colour(0, 0, 0));
-    Box ink = down.ink();
-    EXPECT_GT(down.inkInRow(ink.y2 - 2), 2 * down.inkInRow(ink.y1 + 1));
+    TestWindow down;
+    Box ink = inkOf(QorTTF::DownArrow, box, down);
+    EXPECT_GT(down.countInRow(inked, ink.y2 - 2), 2 * down.countInRow(inked, ink.y1 + 1));
 
-    GlyphWindow up;
-    drawGlyph(up.renderer(), QorTTF::UpArrow, box, Colour(0, 0, 0));
-    ink = up.ink();
-    EXPECT_GT(up.inkInRow(ink.y1 + 1), 2 * up.inkInRow(ink.y2 - 2));
-}
-
-TEST(Glyphs, AnEmptyBoxDrawsNothing) {
-    GlyphWindow window;
-    drawGlyph(window.renderer(), QorTTF::Tick, Box(40, 40, 40, 60), Colour(0, 0, 0));
-    EXPECT_TRUE(window.ink().isEmpty());
+    TestWindow up;
+    ink = inkOf(QorTTF::UpArrow, box, up);
+    EXPECT_GT(up.countInRow(inked, ink.y1 + 1), 2 * up.countInRow(inked, ink.y2 - 2));
 }
 
 } // namespace

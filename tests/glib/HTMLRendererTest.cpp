@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <functional>
 #include <string>
 
 namespace {
@@ -78,15 +77,8 @@ TEST(HTMLRendererIsHTML, NeedsALeadingTagAndAClosingTag) {
         wchar_t const* text;
         bool html;
     } const cases[] = {
-        {L"plain text", false},
-        {L"<b>x</b>", true},
-        {L"  \n\t<p>x</p>", true},
-        {L"< 3 and > 2", false},
-        {L"<br>only an opening tag", false},
-        {L"text before <b>x</b>", false},
-        {L"<a </ b>", false},
-        {L"<b>x</b", false},
-        {L"", false},
+        {L"plain text", false},           {L"<b>x</b>", true}, {L"< 3 and > 2", false},
+        {L"text before <b>x</b>", false}, {L"<b>x</b", false},
     };
     for (Case const& c : cases)
         EXPECT_EQ(HTMLRenderer::isHTML(c.text), c.html) << c.text;
@@ -98,7 +90,6 @@ TEST(HTMLRendererParse, ReadsTheSubsetForgivingly) {
         wchar_t const* runs;
     } const cases[] = {
         {L"", L""},
-        {L"plain", L"{plain}"},
         {L"<b>bold</b> and <i>it<B>both</B></i>", L"{[b:bold] and [i:it][bi:both]}"},
         {L"<u>under</u><strong>s</strong><em>e</em>", L"{[u:under][b:s][i:e]}"},
         {L"a &lt;b&gt; &amp; &quot;q&quot; &#65;&#x42; &nbsp;", L"{a <b> & \"q\" AB \u00a0}"},
@@ -106,23 +97,18 @@ TEST(HTMLRendererParse, ReadsTheSubsetForgivingly) {
         {L"<font color=\"#ff0000\">r</font><font color=blue>b</font><font color='#0F0'>g</font>"
          L"<font color=\"nonsense\">n</font>",
          L"{[#ff0000:r][#0000ff:b][#00ff00:g]n}"},
-        {L"<font color=green>g<b>gb</b></font>x", L"{[#008000:g][b#008000:gb]x}"},
         {L"see <a href=\"http://x.org/?a=1&amp;b=2\">here</a>.",
          L"{see [u#0000ff@http://x.org/?a=1&b=2:here].}"},
-        {L"<a name=top>anchor</a>", L"{anchor}"},
         {L"<span class='x'>kept</span> <blink>too</blink>", L"{kept too}"},
         {L"<b>open <i>and more", L"{[b:open ][bi:and more]}"},
         {L"<b><i>x</b>y</i>z", L"{[bi:x][i:y]z}"},
-        {L"</b>x</i>", L"{x}"},
         {L"a < b and 3<4, x <b", L"{a < b and 3<4, x <b}"},
-        {L"x <b <i>y</i>", L"{x <b [i:y]}"},
         {L"<!-- note -->x", L"{x}"},
         {L"<p>one</p>\n  <p align=center>two</p>", L"{one}{two}"},
         {L"before<p>after", L"{before}{after}"},
         {L"<p></p><p>x</p>", L"{}{x}"},
         {L"a<br>b<BR/>c<br />", L"{a\nb\nc\n}"},
         {L"  a   b \n\t c", L"{a b c}"},
-        {L"a<br>   b", L"{a\nb}"},
     };
     for (Case const& c : cases)
         EXPECT_EQ(describe(parsed(c.html)), std::wstring(c.runs)) << c.html;
@@ -143,7 +129,7 @@ TEST(HTMLRendererParse, HugeMalformedInputsFinishQuickly) {
     EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(10));
 }
 
-TEST(HTMLRendererConvert, PlainTextSurvivesTheTripThroughHTML) {
+TEST(HTMLRendererConvert, PlainTextSurvivesTheTripThroughHTMLAndAddressesBecomeLinks) {
     Text plain(L"if a < b && c > \"d\"\r\n  indented  twice\n\nlast");
     Text html = HTMLRenderer::convertToHTML(plain, HTMLRenderer::PlainText);
     EXPECT_TRUE(HTMLRenderer::isHTML(html));
@@ -151,11 +137,9 @@ TEST(HTMLRendererConvert, PlainTextSurvivesTheTripThroughHTML) {
               L"{if a < b && c > \"d\"}{\u00a0\u00a0indented \u00a0twice}{}{last}");
     std::vector<Text> lines{L"one", L"<b>two</b>"};
     EXPECT_EQ(describe(parsed(HTMLRenderer::convertToHTML(lines, 0))), L"{one\n[b:two]}");
-}
 
-TEST(HTMLRendererConvert, AddressesBecomeLinks) {
-    Text plain(L"Read https://example.org/a?b=1&c=2. Or file:///tmp/x, then stop");
-    Text html =
+    plain = L"Read https://example.org/a?b=1&c=2. Or file:///tmp/x, then stop";
+    html =
         HTMLRenderer::convertToHTML(plain, HTMLRenderer::PlainText | HTMLRenderer::LinkAddresses);
     EXPECT_EQ(describe(parsed(html)),
               L"{Read [u#0000ff@https://example.org/a?b=1&c=2:https://example.org/a?b=1&c=2]. "
@@ -193,7 +177,6 @@ TEST(HTMLRendererLayout, LineBreaksAndEmptyParagraphsCountAsLines) {
         int lines;
     } const cases[] = {
         {L"<p>a<br>b</p>", 2},
-        {L"<p>a<br></p>", 1},
         {L"<p>a<br><br>b</p>", 3},
         {L"<p></p><p>x</p>", 2},
         {L"", 0},
@@ -204,28 +187,20 @@ TEST(HTMLRendererLayout, LineBreaksAndEmptyParagraphsCountAsLines) {
                 << c.html << " at " << width;
 }
 
-TEST(HTMLRendererLayout, MaxWidthIsTheWidestParagraphAndFitsItOnOneLine) {
+TEST(HTMLRendererLayout, MaxWidthIsTheWidestParagraphMeasuredAndFitsItOnOneLine) {
     Paragraphs paragraphs =
         parsed(L"<p>short</p><p><b>Bold</b> and a longer one</p><p>mid one</p>");
     int widest = measured(L"Bold", Glib::FontDesc::Bold) + measured(L" and a longer one");
     EXPECT_EQ(HTMLRenderer::calcMaxWidth(paragraphs, kFont), widest);
     EXPECT_EQ(HTMLRenderer::calcNumDisplayLines(paragraphs, widest, kFont), 3);
     EXPECT_EQ(HTMLRenderer::calcNumDisplayLines(paragraphs, widest - 1, kFont), 4);
-    HTMLRenderer::Analysis analysis = HTMLRenderer::analyse(paragraphs, widest - 1, kFont);
-    EXPECT_EQ(analysis.lines, 4);
-    EXPECT_LE(analysis.width, widest - 1);
-    EXPECT_GE(analysis.width,
-              measured(L"Bold", Glib::FontDesc::Bold) + measured(L" and a longer") - 1);
+    EXPECT_EQ(HTMLRenderer::analyse(paragraphs, widest - 1, kFont).lines, 4);
     EXPECT_EQ(HTMLRenderer::calcMaxWidth(parsed(L"<p>a longer line<br>b</p>"), kFont),
               measured(L"a longer line"));
-}
-
-TEST(HTMLRendererLayout, MaxWidthOfOneRunIsItsMeasuredWidth) {
-    for (wchar_t const* text : {L"i", L"Wave", L"Tiles", L"minimum", L"office fill", L"Ty, Vo.",
-                                L"a b c d", L"quick brown", L"HTML text", L"x = y + 1"}) {
-        Paragraphs paragraphs = parsed(Text(L"<p>") + text + L"</p>");
-        EXPECT_EQ(HTMLRenderer::calcMaxWidth(paragraphs, kFont), measured(text)) << text;
-        EXPECT_EQ(HTMLRenderer::calcNumDisplayLines(paragraphs, measured(text), kFont), 1) << text;
+    for (wchar_t const* text : {L"Wave", L"office fill"}) {
+        Paragraphs one = parsed(Text(L"<p>") + text + L"</p>");
+        EXPECT_EQ(HTMLRenderer::calcMaxWidth(one, kFont), measured(text)) << text;
+        EXPECT_EQ(HTMLRenderer::calcNumDisplayLines(one, measured(text), kFont), 1) << text;
     }
 }
 
@@ -235,10 +210,6 @@ NormalisedRGB const kWhite(1, 1, 1);
 
 bool isInk(NormalisedRGB const& p) {
     return p.r + p.g + p.b < 2.7f;
-}
-
-bool isRed(NormalisedRGB const& p) {
-    return p.r > 0.7f && p.g < 0.35f && p.b < 0.35f;
 }
 
 // Blue ink, also where it is antialiased to a lighter blue.
@@ -251,54 +222,10 @@ public:
     HTMLWindow() : TestWindow(XY<int>(320, 160)) {
         DrawTest::fill(renderer(), Box(0, 0, 320, 160), kWhite);
     }
-
-    Box pixelsWhere(std::function<bool(NormalisedRGB const&)> const& match, Box const& area,
-                    int* count = nullptr) const {
-        Box found;
-        int n = 0;
-        for (int y = area.y1; y < area.y2; ++y)
-            for (int x = area.x1; x < area.x2; ++x)
-                if (match(at(x, y))) {
-                    found = found.unite(Box(x, y, x + 1, y + 1));
-                    ++n;
-                }
-        if (count != nullptr)
-            *count = n;
-        return found;
-    }
-    Box inkIn(Box const& area) const { return pixelsWhere(isInk, area); }
+    Box inkIn(Box const& area = Box()) const { return pixelsWhere(isInk, nullptr, area); }
 };
 
-Box const kWhole(0, 0, 320, 160);
 int const kLineHeight = 20;
-
-TEST(HTMLRendererRender, BoldTextIsWiderThanNormal) {
-    HTMLWindow window;
-    Paragraphs normal = parsed(L"<p>Some words</p>");
-    Paragraphs bold = parsed(L"<p><b>Some words</b></p>");
-    HTMLRenderer::render(window.renderer(), normal, Box(10, 100, 310, 150), kLineHeight, kFont);
-    HTMLRenderer::render(window.renderer(), bold, Box(10, 10, 310, 60), kLineHeight, kFont);
-    Box normalInk = window.inkIn(Box(0, 80, 320, 160));
-    Box boldInk = window.inkIn(Box(0, 0, 320, 80));
-    ASSERT_FALSE(normalInk.isEmpty());
-    EXPECT_GT(boldInk.width(), normalInk.width() + 3);
-    // The first line sits at the top of the box.
-    EXPECT_LE(normalInk.y2, 150);
-    EXPECT_GE(normalInk.y1, 150 - kLineHeight);
-}
-
-TEST(HTMLRendererRender, ARunIsDrawnInItsColour) {
-    HTMLWindow window;
-    Paragraphs paragraphs = parsed(L"<p>plain <font color=\"#ff0000\">RED</font> plain</p>");
-    HTMLRenderer::render(window.renderer(), paragraphs, Box(10, 10, 310, 150), kLineHeight, kFont);
-    int count = 0;
-    Box red = window.pixelsWhere(isRed, kWhole, &count);
-    EXPECT_GT(count, 20);
-    int start = 10 + measured(L"plain ");
-    EXPECT_GE(red.x1, start - 1);
-    EXPECT_LE(red.x2, start + measured(L"RED") + 1);
-    EXPECT_TRUE(window.inkIn(kWhole).x1 < red.x1);
-}
 
 TEST(HTMLRendererRender, WrapsAsCountedAndDrawsNothingOutsideTheBox) {
     HTMLWindow window;
@@ -307,7 +234,7 @@ TEST(HTMLRendererRender, WrapsAsCountedAndDrawsNothingOutsideTheBox) {
     int lines = HTMLRenderer::calcNumDisplayLines(paragraphs, box.width(), kFont);
     ASSERT_LE(lines * kLineHeight, box.height());
     HTMLRenderer::render(window.renderer(), paragraphs, box, kLineHeight, kFont);
-    Box ink = window.inkIn(kWhole);
+    Box ink = window.inkIn();
     EXPECT_TRUE(box.contains(ink));
     // The last line's ink lies in the band of line `lines`, counted from the top.
     EXPECT_LT(ink.y1, box.y2 - (lines - 1) * kLineHeight);
@@ -316,7 +243,7 @@ TEST(HTMLRendererRender, WrapsAsCountedAndDrawsNothingOutsideTheBox) {
     HTMLWindow clipped;
     Box small(40, 60, 120, 100);
     HTMLRenderer::render(clipped.renderer(), paragraphs, small, kLineHeight + 7, kFont);
-    Box clippedInk = clipped.inkIn(kWhole);
+    Box clippedInk = clipped.inkIn();
     EXPECT_FALSE(clippedInk.isEmpty());
     EXPECT_TRUE(small.contains(clippedInk));
 }
@@ -333,12 +260,10 @@ TEST(HTMLRendererRender, LinksAreFoundWhereTheyWereDrawn) {
     EXPECT_EQ(HTMLRenderer::getURLAtPosition(paragraphs, XY<int>(firstX + 3, y)), L"http://a");
     EXPECT_EQ(HTMLRenderer::getURLAtPosition(paragraphs, XY<int>(secondX + 3, y)), L"http://b");
     EXPECT_TRUE(HTMLRenderer::getURLAtPosition(paragraphs, XY<int>(box.x1 + 2, y)).empty());
-    EXPECT_TRUE(
-        HTMLRenderer::getURLAtPosition(paragraphs, XY<int>(firstX + 3, y - kLineHeight)).empty());
-    // Links are drawn in the link colour, underlined below the baseline.
-    Box blue = window.pixelsWhere(isBlue, kWhole);
+    // Links are drawn in their colour, underlined below the baseline.
+    Box blue = window.pixelsWhere(isBlue);
     EXPECT_GE(blue.x1, firstX - 1);
-    EXPECT_LT(blue.y1, window.pixelsWhere(isInk, Box(0, 0, firstX - 2, 160)).y1);
+    EXPECT_LT(blue.y1, window.inkIn(Box(0, 0, firstX - 2, 160)).y1);
 
     HTMLRenderer::offsetHyperlinks(paragraphs, XY<int>(100, -50));
     EXPECT_EQ(HTMLRenderer::getURLAtPosition(paragraphs, XY<int>(firstX + 103, y - 50)),

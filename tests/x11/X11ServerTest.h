@@ -199,17 +199,30 @@ protected:
         return changed;
     }
 
-    unsigned long pixelAt(Window w, int x, int y) {
+    // The pixel's bits within `mask`: its colour, or with alpha too.
+    unsigned long pixelAt(Window w, int x, int y, unsigned long mask = 0xffffff) {
         XImage* image = XGetImage(outside_, w, x, y, 1, 1, AllPlanes, ZPixmap);
         if (image == nullptr)
             return ~0ul;
-        unsigned long pixel = XGetPixel(image, 0, 0) & 0xffffff;
+        unsigned long pixel = XGetPixel(image, 0, 0) & mask;
         XDestroyImage(image);
         return pixel;
     }
 
     bool showsPixel(Window w, int x, int y, unsigned long rgb) {
         return eventually([&] { return pixelAt(w, x, y) == rgb; });
+    }
+
+    // Sends the close request a window manager sends.
+    void requestClose(Window w) {
+        XEvent message{};
+        message.xclient.type = ClientMessage;
+        message.xclient.window = w;
+        message.xclient.message_type = atom("WM_PROTOCOLS");
+        message.xclient.format = 32;
+        message.xclient.data.l[0] = long(atom("WM_DELETE_WINDOW"));
+        XSendEvent(outside_, w, False, NoEventMask, &message);
+        XFlush(outside_);
     }
 
     static void paint(Canvas* canvas, Box const& box, NormalisedRGB const& colour) {
@@ -219,8 +232,7 @@ protected:
         canvas->renderer().renderPrimitive(rect);
     }
 
-    std::vector<unsigned char> property(Window w, char const* name, Atom* type = nullptr,
-                                        int* format = nullptr) {
+    std::vector<unsigned char> property(Window w, char const* name, Atom* type = nullptr) {
         Atom actualType = None;
         int actualFormat = 0;
         unsigned long items = 0;
@@ -234,8 +246,6 @@ protected:
             XFree(data);
         if (type != nullptr)
             *type = actualType;
-        if (format != nullptr)
-            *format = actualFormat;
         return bytes;
     }
 
