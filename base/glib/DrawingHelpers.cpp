@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cairo.h>
+#include <compare>
+#include <map>
 
 namespace {
 
@@ -36,6 +38,84 @@ Colour lighter(Colour const& colour) {
 void setSource(cairo_t* cr, Colour const& colour) {
     NormalisedRGB c = fromColour(colour);
     cairo_set_source_rgba(cr, c.r, c.g, c.b, c.a);
+}
+
+void fillRounded(cairo_t* cr, Colour const& colour, Box const& box, unsigned corners) {
+    Glib::Path path;
+    path.addRoundedRect(box.x1, box.y1, box.width(), box.height(), Glib::cornerRadius(), corners);
+    path.replay(cr);
+    setSource(cr, colour);
+    cairo_fill(cr);
+}
+
+// The stroke's inner side lies `thickness` inside the edge and what would stick out of the
+// rounded box is cut away: that leaves a ring between two rounded boxes, filled directly (a
+// rounded clip would cost a mask on every call).
+void fillRoundedRing(cairo_t* cr, Colour const& colour, Box const& box, int lineWidth,
+                     unsigned corners, unsigned short thickness) {
+    double outer = std::max(0, int(thickness) - lineWidth);
+    double inner = thickness;
+    double radius = Glib::cornerRadius();
+    Glib::Path ring;
+    ring.addRoundedRect(box.x1 + outer, box.y1 + outer, box.width() - 2 * outer,
+                        box.height() - 2 * outer, std::max(0.0, radius - outer), corners);
+    if (box.width() > 2 * inner && box.height() > 2 * inner)
+        ring.addRoundedRect(box.x1 + inner, box.y1 + inner, box.width() - 2 * inner,
+                            box.height() - 2 * inner, std::max(0.0, radius - inner), corners);
+    ring.replay(cr);
+    setSource(cr, colour);
+    cairo_set_fill_rule(cr, CAIRO_FILL_RULE_EVEN_ODD);
+    cairo_fill(cr);
+    cairo_set_fill_rule(cr, CAIRO_FILL_RULE_WINDING);
+}
+
+// Faces of rounded boxes as pictures, by size, colours and shape: controls of a form share a few
+// sizes, and copying a face costs a fraction of antialiasing its outline again.
+class FaceCache {
+public:
+    struct Key {
+        int width, height, lineWidth;
+        unsigned corners, thickness, fill, edge;
+        auto operator<=>(Key const&) const = default;
+    };
+
+    // The face, drawn y up in a picture of the key's size; owned by the cache.
+    cairo_surface_t* face(Key const& key, Colour const& fill, Colour const& edge) {
+        auto it = faces_.find(key);
+        if (it != faces_.end())
+            return it->second;
+        if (faces_.size() >= capacity)
+            clear();
+        cairo_surface_t* picture =
+            cairo_image_surface_create(CAIRO_FORMAT_ARGB32, key.width, key.height);
+        cairo_t* cr = cairo_create(picture);
+        cairo_matrix_t flip;
+        cairo_matrix_init(&flip, 1, 0, 0, -1, 0, key.height);
+        cairo_set_matrix(cr, &flip);
+        cairo_set_antialias(cr, CAIRO_ANTIALIAS_FAST);
+        Box box(0, 0, key.width, key.height);
+        fillRounded(cr, fill, box, key.corners);
+        fillRoundedRing(cr, edge, box, key.lineWidth, key.corners, (unsigned short)key.thickness);
+        cairo_destroy(cr);
+        faces_[key] = picture;
+        return picture;
+    }
+    ~FaceCache() { clear(); }
+
+private:
+    static constexpr std::size_t capacity = 256;
+    void clear() {
+        for (auto& [key, picture] : faces_)
+            cairo_surface_destroy(picture);
+        faces_.clear();
+    }
+    std::map<Key, cairo_surface_t*> faces_;
+};
+
+// Faces are drawn on the user-interface thread only.
+FaceCache& faceCache() {
+    static FaceCache cache;
+    return cache;
 }
 
 } // namespace
@@ -119,8 +199,27 @@ void drawOutlinedRect(CanvasRenderer& r, Colour const& outline, Colour const& fi
 
 void drawRoundedRect(CanvasRenderer& r, Colour const& fill, Colour const& edge, Box const& box,
                      int lineWidth, unsigned corners, unsigned short thickness) {
-    drawRoundedRectFilled(r, fill, box, corners);
-    drawRoundedRectOutline(r, edge, box, lineWidth, corners, thickness);
+    cairo_t* cr = r.context();
+    if (cr == nullptr || box.isEmpty())
+        return;
+    FaceCache::Key key{box.width(),
+                       box.height(),
+                       std::max(lineWidth, 0),
+                       corners,
+                       thickness,
+                       fill.get_vlib_colour(true),
+                       edge.get_vlib_colour(true)};
+    cairo_surface_t* face = faceCache().face(key, fill, edge);
+    // The picture's rows run down; the canvas's y runs up.
+    cairo_pattern_t* pattern = cairo_pattern_create_for_surface(face);
+    cairo_matrix_t place;
+    cairo_matrix_init(&place, 1, 0, 0, -1, -box.x1, box.y1 + box.height());
+    cairo_pattern_set_matrix(pattern, &place);
+    cairo_set_source(cr, pattern);
+    cairo_pattern_destroy(pattern);
+    cairo_rectangle(cr, box.x1, box.y1, box.width(), box.height());
+    cairo_fill(cr);
+    r.addModifiedArea(box);
 }
 
 void drawRoundedRectFilled(CanvasRenderer& r, Colour const& colour, Box const& box,
@@ -128,11 +227,7 @@ void drawRoundedRectFilled(CanvasRenderer& r, Colour const& colour, Box const& b
     cairo_t* cr = r.context();
     if (cr == nullptr || box.isEmpty())
         return;
-    Path path;
-    path.addRoundedRect(box.x1, box.y1, box.width(), box.height(), cornerRadius(), corners);
-    path.replay(cr);
-    setSource(cr, colour);
-    cairo_fill(cr);
+    fillRounded(cr, colour, box, corners);
     r.addModifiedArea(box);
 }
 
@@ -141,23 +236,7 @@ void drawRoundedRectOutline(CanvasRenderer& r, Colour const& colour, Box const& 
     cairo_t* cr = r.context();
     if (cr == nullptr || box.isEmpty() || lineWidth <= 0)
         return;
-    // The stroke's inner side lies `thickness` inside the edge and what would stick out of the
-    // rounded box is cut away: that leaves a ring between two rounded boxes, filled directly
-    // (a rounded clip would cost a mask on every call).
-    double outer = std::max(0, int(thickness) - lineWidth);
-    double inner = thickness;
-    double radius = cornerRadius();
-    Path ring;
-    ring.addRoundedRect(box.x1 + outer, box.y1 + outer, box.width() - 2 * outer,
-                        box.height() - 2 * outer, std::max(0.0, radius - outer), corners);
-    if (box.width() > 2 * inner && box.height() > 2 * inner)
-        ring.addRoundedRect(box.x1 + inner, box.y1 + inner, box.width() - 2 * inner,
-                            box.height() - 2 * inner, std::max(0.0, radius - inner), corners);
-    ring.replay(cr);
-    setSource(cr, colour);
-    cairo_set_fill_rule(cr, CAIRO_FILL_RULE_EVEN_ODD);
-    cairo_fill(cr);
-    cairo_set_fill_rule(cr, CAIRO_FILL_RULE_WINDING);
+    fillRoundedRing(cr, colour, box, lineWidth, corners, thickness);
     r.addModifiedArea(box);
 }
 
