@@ -99,6 +99,9 @@ void GlobManager::realize(Glob* glob) {
         auto surface = std::make_unique<WindowSurface>(canvas->size());
         surface->setWindow(Glib::display().createWindow(canvas, glob->getWindowKind()));
         surface->window()->setBounds(canvas->rect());
+        // A widget may have been made visible before it had a window to show.
+        if (canvas->mapped)
+            surface->window()->setMapped(true);
         canvas->setSurface(std::move(surface));
     }
     if (std::find(topLevels_.begin(), topLevels_.end(), glob) == topLevels_.end())
