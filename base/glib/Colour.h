@@ -69,6 +69,8 @@ enum class ColourSpace {
 
 class ColourData {
 public:
+    // Black: the value of an empty message or of a client bound to nothing.
+    ColourData() : ColourData(0, 0, 0) {}
     ColourData(double red, double green, double blue, ColourSpace space = ColourSpace::RGB,
                double alpha = 1.0)
         : red_(red), green_(green), blue_(blue), alpha_(alpha), space_(space) {}

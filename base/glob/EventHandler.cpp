@@ -8,9 +8,27 @@ EventHandler::EventHandler() {
     LiveObjects::add(this, stamp_);
 }
 
+namespace {
+
+// Tickers and filter stacks belong to the user-interface thread. A handler released on another
+// thread (a UIThreadCallback dropped by a worker) leaves its entries there, to be swept on that
+// thread; having left the live registry first, it is never served meanwhile.
+void sweepDeadHandlers() {
+    EventLoop::instance().forgetDead();
+    getEventInterceptStack(InterceptNormal).removeDead();
+    getEventInterceptStack(InterceptHigh).removeDead();
+}
+
+} // namespace
+
 EventHandler::~EventHandler() {
     LiveObjects::remove(this);
-    EventLoop::instance().forget(this);
+    EventLoop& loop = EventLoop::instance();
+    if (!loop.isUIThread()) {
+        loop.post(&sweepDeadHandlers);
+        return;
+    }
+    loop.forget(this);
     getEventInterceptStack(InterceptNormal).remove(this);
     getEventInterceptStack(InterceptHigh).remove(this);
 }
@@ -47,6 +65,14 @@ bool FilterStack::pop(IdStamp const& entry) {
 void FilterStack::remove(EventHandler* handler) {
     entries_.erase(std::remove_if(entries_.begin(), entries_.end(),
                                   [&](Entry const& e) { return e.handler == handler; }),
+                   entries_.end());
+}
+
+void FilterStack::removeDead() {
+    entries_.erase(std::remove_if(entries_.begin(), entries_.end(),
+                                  [](Entry const& e) {
+                                      return !EventHandler::valid(e.handler, e.handlerStamp);
+                                  }),
                    entries_.end());
 }
 

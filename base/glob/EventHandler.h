@@ -42,6 +42,8 @@ public:
     bool pop(IdStamp const& entry);
     // Removes every entry of the handler.
     void remove(EventHandler* handler);
+    // Removes the entries of handlers that no longer exist.
+    void removeDead();
     // Offers the event down the stack; true when a handler swallowed it.
     bool offer(Event const& event);
     bool isEmpty() const { return entries_.empty(); }

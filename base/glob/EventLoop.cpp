@@ -205,8 +205,10 @@ void EventLoop::removeTicker(EventHandler* handler, int code) {
 }
 
 bool EventLoop::hasTicker(EventHandler* handler, int code) const {
-    return std::any_of(state_->tickers.begin(), state_->tickers.end(),
-                       [&](Ticker const& t) { return t.handler == handler && t.code == code; });
+    // By stamp too: a dead handler's ticker, not yet swept, may share a new one's address.
+    return std::any_of(state_->tickers.begin(), state_->tickers.end(), [&](Ticker const& t) {
+        return t.handler == handler && t.stamp == handler->getIdStamp() && t.code == code;
+    });
 }
 
 void EventLoop::forget(EventHandler* handler) {
@@ -214,4 +216,12 @@ void EventLoop::forget(EventHandler* handler) {
     tickers.erase(std::remove_if(tickers.begin(), tickers.end(),
                                  [&](Ticker const& t) { return t.handler == handler; }),
                   tickers.end());
+}
+
+void EventLoop::forgetDead() {
+    auto& tickers = state_->tickers;
+    tickers.erase(
+        std::remove_if(tickers.begin(), tickers.end(),
+                       [](Ticker const& t) { return !EventHandler::valid(t.handler, t.stamp); }),
+        tickers.end());
 }

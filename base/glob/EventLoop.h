@@ -42,6 +42,8 @@ public:
     bool hasTicker(EventHandler* handler, int code) const;
     // Drops every ticker of a handler that is going away.
     void forget(EventHandler* handler);
+    // Drops the tickers of every handler that no longer exists.
+    void forgetDead();
 
     ~EventLoop();
 

@@ -8,9 +8,13 @@
 // Posted work that finds its UIThreadCallback gone is dropped: once the last reference is released,
 // the wrapped callback is never called again, so a target that dies together with its callback is
 // safe. A release on another thread while the work runs waits for the work to finish. A subclass
-// whose executeInternal reads its own fields should be released on the user-interface thread, since
-// those fields die before this class can stop the work.
+// whose executeInternal reads its own fields calls stopWork() first in its destructor, since those
+// fields die before this class's destructor runs.
+//
+// It is also an EventHandler, so that holders can tell by its IdStamp whether it still exists; it
+// takes no events itself. It may be released on any thread.
 
+#include "glob/EventHandler.h"
 #include "qor/Callback.h"
 #include "qor/NotifyMsg.h"
 
@@ -40,7 +44,9 @@ private:
 };
 
 template <class Msg>
-class UIThreadCallback : public iCallbackBase<int, Msg>, private UIThreadCallbackBase {
+class UIThreadCallback : public iCallbackBase<int, Msg>,
+                         public EventHandler,
+                         private UIThreadCallbackBase {
 public:
     UIThreadCallback(Qor::Ptr<iCallbackBase<int, Msg>> const& callback, bool runAtOnceOnUIThread)
         : UIThreadCallbackBase(runAtOnceOnUIThread), callback_(callback) {}
@@ -53,6 +59,8 @@ public:
         return 0;
     }
 
+    int handleEvent(Event const&) override { return 0; }
+
 protected:
     virtual int executeInternal(Msg const& msg) {
         // A copy, in case the callback releases this object while it runs.
@@ -61,6 +69,8 @@ protected:
     }
 
     Qor::Ptr<iCallbackBase<int, Msg>> const& getCallback() const { return callback_; }
+    // Drops posted work and waits for work running on another thread; callable more than once.
+    void stopWork() { detach(); }
 
 private:
     Qor::Ptr<iCallbackBase<int, Msg>> callback_;
