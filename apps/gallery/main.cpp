@@ -8,6 +8,7 @@
 #include "DrawingPage.h"
 #include "GalleryWindow.h"
 #include "IconsPage.h"
+#include "PanelsPage.h"
 #include "ShapesPage.h"
 #include "TextPage.h"
 
@@ -94,6 +95,7 @@ GalleryWindow* makeGallery(XY<int> const& screen) {
     Glob::setupRootPos(
         XY<int>(std::max(0, (screen.x - size.x) / 2), std::max(0, (screen.y - size.y) / 2)));
     auto* window = new GalleryWindow(size);
+    window->addPage<PanelsPage>();
     window->addPage<TextPage>();
     window->addPage<DrawingPage>();
     window->addPage<ShapesPage>();

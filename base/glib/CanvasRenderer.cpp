@@ -58,6 +58,21 @@ Box straightLinePixels(XY<int> const& from, XY<int> const& to, int width) {
 
 } // namespace
 
+// A canvas cut to a shape (a curved panel) draws only inside it, and so do the canvases within it.
+void CanvasRenderer::clipToShapes(cairo_t* cr, int windowHeight) const {
+    for (Canvas const* c = canvas_; c != nullptr && !c->isRoot(); c = c->getParent()) {
+        Qor::Ptr<iRegion> const& shape = c->getShape();
+        if (!shape)
+            continue;
+        XY<int> at = c->windowOffset();
+        for (Box const& b : shape->boxes())
+            cairo_rectangle(cr, b.x1 + at.x, windowHeight - (b.y2 + at.y), b.width(), b.height());
+        cairo_clip(cr);
+        if (c->isTopLevel())
+            break;
+    }
+}
+
 CanvasRenderer::CanvasRenderer(Canvas* canvas, Box const& area)
     : canvas_(canvas), area_(area), state_(std::make_unique<State>()) {}
 
@@ -85,6 +100,7 @@ cairo_t* CanvasRenderer::context() {
     cairo_rectangle(s.cr, s.windowClip.x1, height - s.windowClip.y2, s.windowClip.width(),
                     s.windowClip.height());
     cairo_clip(s.cr);
+    clipToShapes(s.cr, height);
     cairo_matrix_t flip;
     cairo_matrix_init(&flip, 1, 0, 0, -1, s.offset.x, height - s.offset.y);
     cairo_set_matrix(s.cr, &flip);

@@ -102,6 +102,8 @@ public:
 private:
     struct State;
 
+    void clipToShapes(cairo_t* cr, int windowHeight) const;
+
     Canvas* canvas_;
     Box area_;
     bool antialias_ = true;

@@ -38,6 +38,15 @@ void issue(NotifierEx<int> const& notifier, int value) {
     notifier.issueNotification(NotifierEvent<int>(value), NotifyMsgTypeDictionary::ValueChanged);
 }
 
+// Runs work(0) and work(1) on two threads at once.
+template <typename Work>
+void onTwoThreads(Work work) {
+    std::thread one(work, 0);
+    std::thread two(work, 1);
+    one.join();
+    two.join();
+}
+
 } // namespace
 
 TEST(NotifierLocks, TwoThreadsIssuingAtOnceReachEveryClientWithEveryValue) {
@@ -47,14 +56,10 @@ TEST(NotifierLocks, TwoThreadsIssuingAtOnceReachEveryClientWithEveryValue) {
     for (int i = 0; i < 4; ++i)
         clients.push_back(std::make_unique<Client>(notifier, total));
     constexpr int issues = 2000;
-    auto issueMany = [&](int value) {
+    onTwoThreads([&](int thread) {
         for (int i = 0; i < issues; ++i)
-            issue(notifier, value);
-    };
-    std::thread one(issueMany, 1);
-    std::thread two(issueMany, 2);
-    one.join();
-    two.join();
+            issue(notifier, thread + 1);
+    });
     EXPECT_EQ(total.load(), long(clients.size()) * issues * (1 + 2));
 }
 
@@ -92,16 +97,10 @@ TEST(NotifierLocks, GuardsDroppedByOneIssuersCallbackWhileAnotherThreadIssuesDoN
                     guards[next] = nullptr;
                 return 0;
             }))));
-    std::thread one([&] {
+    onTwoThreads([&](int thread) {
         for (int i = 0; i < 100; ++i)
-            issue(notifier, 2 * i);
+            issue(notifier, 2 * i + thread);
     });
-    std::thread two([&] {
-        for (int i = 0; i < 100; ++i)
-            issue(notifier, 2 * i + 1);
-    });
-    one.join();
-    two.join();
     EXPECT_EQ(notifier.registrationCount(), 0u);
     EXPECT_GT(calls.load(), 0);
 }

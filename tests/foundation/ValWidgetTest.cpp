@@ -34,26 +34,21 @@ TEST_F(BoundWidgets, AttachingShowsTheSourcesValueInEveryWidgetWithoutARedraw) {
     EXPECT_EQ(third->shown, 0.25);
     EXPECT_EQ(third->redraws, (std::vector<eRedrawFlag>{NoRedraw}));
     EXPECT_EQ(left->redraws, (std::vector<eRedrawFlag>{NoRedraw}));
-    EXPECT_EQ(third->getDataValue(), 0.25);
 }
 
 TEST_F(BoundWidgets, ARequestChangesTheDataAndEveryWidgetShowsItAndRepaintsOnce) {
+    bool heldBack = false;
+    right->onShow = [&] { heldBack = Drawable::redrawsDisabled(); };
     EXPECT_EQ(left->requestSetNewDataValue(0.75, DragEnd), 1);
     EXPECT_EQ(server.getValue(), 0.75);
     EXPECT_EQ(adaptor->types, (std::vector<DataChangeType>{DragEnd}));
     EXPECT_EQ(left->shown, 0.75);
-    EXPECT_EQ(right->shown, 0.75);
-    EXPECT_EQ(right->redraws.back(), Redraw);
+    EXPECT_EQ(right->redraws, (std::vector<eRedrawFlag>{Redraw}));
+    // Redraws are held back while the adaptor works, then let go.
+    EXPECT_TRUE(heldBack);
     EXPECT_FALSE(Drawable::redrawsDisabled());
     EXPECT_EQ(left->draws, 1);
     EXPECT_EQ(right->draws, 1);
-}
-
-TEST_F(BoundWidgets, RedrawsAreHeldBackWhileTheAdaptorWorks) {
-    bool heldBack = false;
-    right->onShow = [&] { heldBack = Drawable::redrawsDisabled(); };
-    left->requestSetNewDataValue(0.5, SetByProgram);
-    EXPECT_TRUE(heldBack);
 }
 
 TEST_F(BoundWidgets, TheWidgetShowsOnlyWhatTheAdaptorTellsIt) {
@@ -66,13 +61,6 @@ TEST_F(BoundWidgets, TheWidgetShowsOnlyWhatTheAdaptorTellsIt) {
     EXPECT_EQ(left->draws, 0);
 }
 
-TEST_F(BoundWidgets, AChangeAtTheServerReachesEachWidgetOnce) {
-    server = 0.125;
-    EXPECT_EQ(left->redraws, (std::vector<eRedrawFlag>{Redraw}));
-    EXPECT_EQ(right->redraws, (std::vector<eRedrawFlag>{Redraw}));
-    EXPECT_EQ(right->shown, 0.125);
-}
-
 TEST_F(BoundWidgets, AWidgetDeletedByAnotherWidgetsCallbackIsPassedOver) {
     ValueGlob* first = std::min(left, right);
     ValueGlob* second = std::max(left, right);
@@ -82,17 +70,7 @@ TEST_F(BoundWidgets, AWidgetDeletedByAnotherWidgetsCallbackIsPassedOver) {
     EXPECT_EQ(adaptor->attachedWidgets().size(), 1u);
 }
 
-TEST_F(BoundWidgets, AWidgetMayDeleteItselfWhenTold) {
-    ValueGlob* first = std::min(left, right);
-    ValueGlob* second = std::max(left, right);
-    first->onShow = [&] { delete first; };
-    server = 0.5;
-    EXPECT_EQ(second->shown, 0.5);
-    server = 0.625;
-    EXPECT_EQ(second->shown, 0.625);
-}
-
-TEST_F(BoundWidgets, TheAdaptorOutlivesItsLastWidgetDeletedDuringTheWalk) {
+TEST_F(BoundWidgets, TheAdaptorOutlivesItsLastWidgetsDeletingThemselvesDuringTheWalk) {
     adaptor = Qor::Ptr<ServerAdaptor>();
     left->onShow = [&] { delete left; };
     right->onShow = [&] { delete right; };
@@ -103,50 +81,18 @@ TEST_F(BoundWidgets, TheAdaptorOutlivesItsLastWidgetDeletedDuringTheWalk) {
 
 TEST_F(BoundWidgets, EnabledStateGoesToEveryWidgetAndOnlyTheFirstIsRead) {
     adaptor->setWidgetEnabledState(false);
-    EXPECT_FALSE(left->getEnabledState());
     EXPECT_FALSE(right->getEnabledState());
-    ValueGlob* second = std::max(left, right);
-    second->setEnabledState(true);
+    std::max(left, right)->setEnabledState(true);
     EXPECT_FALSE(adaptor->getWidgetEnabledState());
     std::min(left, right)->setEnabledState(true);
     EXPECT_TRUE(adaptor->getWidgetEnabledState());
-}
-
-TEST(ValAdaptor, WithNoWidgetsTheEnabledStateIsFalse) {
-    ValServer<double> server(0.0);
-    auto adaptor = Qor::makePtr<ServerAdaptor>(&server);
-    EXPECT_FALSE(adaptor->getWidgetEnabledState());
-}
-
-TEST_F(BoundWidgets, MessagesForTheParentGoToTheAdaptor) {
-    left->handleMsgForParent("picked");
-    ASSERT_EQ(adaptor->messages.size(), 1u);
-    EXPECT_EQ(adaptor->messages[0], LightweightString<char>("picked"));
-}
-
-TEST_F(BoundWidgets, AMutedAdaptorLeavesTheWidgetsAlone) {
-    adaptor->disable();
-    server = 0.5;
-    EXPECT_EQ(left->shown, 0.25);
-    adaptor->enable();
-    server = 0.625;
-    EXPECT_EQ(left->shown, 0.625);
-}
-
-TEST_F(BoundWidgets, AServerDyingFirstLeavesTheAdaptorUnbound) {
-    auto transient = std::make_unique<ValServer<double>>(3.0);
-    adaptor->registerWith(transient.get());
-    transient.reset();
-    EXPECT_EQ(adaptor->getValServer(), nullptr);
-    EXPECT_EQ(left->getDataValue(), 0.0);
+    EXPECT_FALSE(Qor::makePtr<ServerAdaptor>(&server)->getWidgetEnabledState());
 }
 
 TEST(ValWidget, WithoutAnAdaptorARequestAnswersOneAndTouchesNothing) {
     UiTestDriver driver;
-    RecordingGlob* window = makeWindow({0, 0}, {100, 100});
-    ValueGlob* widget = makeValueGlob(window, {0, 0});
+    ValueGlob* widget = makeValueGlob(makeWindow({0, 0}, {100, 100}), {0, 0});
     EXPECT_EQ(widget->requestSetNewDataValue(2.0, DragStart), 1);
     EXPECT_EQ(widget->shown, -1.0);
     EXPECT_EQ(widget->getDataValue(), 0.0);
-    EXPECT_FALSE(Drawable::redrawsDisabled());
 }

@@ -51,14 +51,10 @@ public:
         setServerValue(value);
         return answer;
     }
-    void handleMsgForParent(LightweightString<char> message) override {
-        messages.push_back(message);
-    }
     void valChangedNtfy() override { setNewWidgetValue(getServerValue(), Redraw); }
 
     int answer = 1;
     std::vector<DataChangeType> types;
-    std::vector<LightweightString<char>> messages;
 };
 
 inline ValueGlob* makeValueGlob(Glob* parent, XY<int> const& at) {

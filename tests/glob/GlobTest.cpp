@@ -205,3 +205,18 @@ TEST_F(Widgets, ThemeAndTextChangesReachEveryWidgetOnce) {
                           LightweightString<wchar_t>(L"1"));
     EXPECT_EQ(c->masks, (std::vector<unsigned>{8, 1}));
 }
+
+TEST_F(Widgets, AShapedChildPaintsOnlyInsideItsShapeAndSoDoItsChildren) {
+    RecordingGlob* curved = child({40, 40}, Colour(1, 0, 0));
+    window->addWidget(curved, 10, 10);
+    curved->canvas()->shape(makeCurvedRegion({40, 40}, 15, CurvedRegionRounded));
+    GlobCreationInfo info(40, 40);
+    info.canvas = curved->canvas();
+    auto* inner = new RecordingGlob(info, Colour(0, 1, 0));
+    curved->addWidget(inner, 0, 0);
+    window->update();
+    // The corner pixel is cut away: the window's white shows through.
+    EXPECT_TRUE(near(driver.pixel(window, {10, 10}), NormalisedRGB(1, 1, 1)));
+    EXPECT_TRUE(near(driver.pixel(window, {30, 30}), NormalisedRGB(0, 1, 0)));
+    EXPECT_TRUE(near(driver.pixel(window, {49, 49}), NormalisedRGB(1, 1, 1)));
+}

@@ -11,23 +11,18 @@
 
 class PlainStop : public TabOrderable {
 public:
-    PlainStop(std::string name, std::vector<std::string>* log = nullptr)
+    PlainStop(std::string name, std::vector<std::string>& log)
         : name_(std::move(name)), log_(log) {}
 
     bool isTabStopActive() override { return active; }
     void handleTabStopFocusReceipt(eDirection direction) override {
-        note((direction == Backward ? "+<" : "+") + name_);
+        log_.push_back((direction == Backward ? "+<" : "+") + name_);
     }
-    void handleTabStopFocusLoss() override { note("-" + name_); }
+    void handleTabStopFocusLoss() override { log_.push_back("-" + name_); }
 
     bool active = true;
 
 private:
-    void note(std::string const& entry) {
-        if (log_ != nullptr)
-            log_->push_back(entry);
-    }
-
     std::string name_;
-    std::vector<std::string>* log_;
+    std::vector<std::string>& log_;
 };
