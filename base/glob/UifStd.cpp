@@ -29,6 +29,22 @@ private:
     unsigned id_;
 };
 
+// Copies a registered parameter's changes into the theme's map. It holds no reference on the
+// parameter, which owns it; a parameter whose registration was refused is not followed.
+class UifStd::ParamFollower : public iThemeValueListener {
+public:
+    explicit ParamFollower(iThemeParam const* param) : param_(param) {}
+
+    void handleThemeValueChange(LightweightString<char> const& id,
+                                LightweightString<wchar_t> const& value) override {
+        if (UifStd::isRegisteredParam(param_))
+            UifStd::setThemeValue(id, value);
+    }
+
+private:
+    iThemeParam const* param_;
+};
+
 UifStd& UifStd::instance() {
     return Qor::Singleton<UifStd>::Instance();
 }
@@ -143,6 +159,37 @@ void UifStd::setTheme(Qor::Ptr<UIAppearanceSettings> const& theme) {
         self.theme_ = theme;
     }
     announce(1);
+}
+
+void UifStd::registerThemeParam(Qor::Ptr<iThemeParam> const& param, UIString const& group,
+                                UIString const& subgroup) {
+    if (!param)
+        return;
+    UifStd& self = instance();
+    LightweightString<char> const id = param->getID();
+    {
+        CriticalSection::Lock hold(self.lock_);
+        for (ThemeParamEntry const& entry : self.themeParams_)
+            if (entry.param == param || entry.param->getID() == id)
+                return;
+        self.themeParams_.push_back(ThemeParamEntry{param, group, subgroup});
+    }
+    param->addThemeValueListener(Qor::makePtr<ParamFollower>(param.get()));
+    setThemeValue(id, param->getValueAsString());
+}
+
+std::vector<ThemeParamEntry> UifStd::getThemeParams() {
+    UifStd& self = instance();
+    CriticalSection::Lock hold(self.lock_);
+    return self.themeParams_;
+}
+
+bool UifStd::isRegisteredParam(iThemeParam const* param) {
+    UifStd& self = instance();
+    CriticalSection::Lock hold(self.lock_);
+    return std::any_of(
+        self.themeParams_.begin(), self.themeParams_.end(),
+        [param](ThemeParamEntry const& entry) { return entry.param.get() == param; });
 }
 
 Qor::Ptr<iObject> UifStd::addThemeListener(ThemeListener listener) {

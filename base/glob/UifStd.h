@@ -7,6 +7,7 @@
 
 #include "glib/Font.h"
 #include "glib/Palette.h"
+#include "glob/ThemeParam.h"
 #include "glob/UIAppearanceSettings.h"
 #include "os/CriticalSection.h"
 #include "qor/Ptr.h"
@@ -17,6 +18,7 @@
 #include <atomic>
 #include <functional>
 #include <map>
+#include <vector>
 
 class UifStd {
 public:
@@ -61,6 +63,14 @@ public:
     // An empty pointer goes back to the default theme.
     static void setTheme(Qor::Ptr<UIAppearanceSettings> const& theme);
 
+    // Keeps the parameter for the theme editor, puts its value under its id in the theme's map
+    // and follows its later changes there. The first parameter of an id stays: another one with
+    // the same id is ignored.
+    static void registerThemeParam(Qor::Ptr<iThemeParam> const& param, UIString const& group,
+                                   UIString const& subgroup);
+    // The registered parameters, in order of registration.
+    static std::vector<ThemeParamEntry> getThemeParams();
+
     // Called with mask 1 after each change of the theme, on the thread that made the change.
     using ThemeListener = std::function<void(unsigned mask)>;
     // The listener stays registered while the handle lives.
@@ -68,6 +78,7 @@ public:
 
 private:
     class ListenerHandle;
+    class ParamFollower;
     friend struct Loki::CreateUsingNew<UifStd>;
 
     UifStd() = default;
@@ -76,6 +87,7 @@ private:
     static void applyStandards(UIAppearanceSettings& theme);
     static void removeThemeListener(unsigned id);
     static void announce(unsigned mask);
+    static bool isRegisteredParam(iThemeParam const* param);
 
     // 0 while the display decides.
     std::atomic<double> fixedScale_ = 0.0;
@@ -83,4 +95,5 @@ private:
     Qor::Ptr<UIAppearanceSettings> theme_;
     std::map<unsigned, ThemeListener> listeners_;
     unsigned nextListenerId_ = 1;
+    std::vector<ThemeParamEntry> themeParams_;
 };

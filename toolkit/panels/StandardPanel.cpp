@@ -1,5 +1,6 @@
 #include "panels/StandardPanel.h"
 
+#include "foundation/GenericParam.h"
 #include "glib/CanvasRenderer.h"
 #include "glib/DrawingHelpers.h"
 #include "glib/PathCalls.h"
@@ -112,10 +113,24 @@ void StandardPanel::init() {
     sizeState_ = SizeNormal;
 }
 
+// The registry keeps the first parameter of each key, so a second call changes nothing.
 void StandardPanel::registerUIThemeParams() {
-    // The theme editor's parameter kinds arrive with the theme registry; until then the keys
-    // "panelcorners", "headingcolour", "titlefontbold", "titlebg", "titlescale", "edgescale",
-    // "edgedark" and "edgelight" are read where they are used, each with its default.
+    using namespace GenericParam;
+    UIString const group(ResId(90200));
+    UIString const subgroup(noResourceId);
+    UIString const noTip(noResourceId);
+    auto add = [&](Qor::Ptr<iParam> const& param) {
+        UifStd::registerThemeParam(param, group, subgroup);
+    };
+    add(Qor::makePtr<BoolParam>(UIString(ResId(90300)), "panelcorners", noTip, false));
+    add(Qor::makePtr<ColourParam>(UIString(ResId(90301)), "headingcolour",
+                                  fromColour(Palette().headingText()), noTip));
+    add(Qor::makePtr<BoolParam>(UIString(ResId(90302)), "titlefontbold", noTip, true));
+    add(Qor::makePtr<DoubleParam>(UIString(ResId(90303)), "titlebg", noTip, 0.0, -0.25, 0.25));
+    add(Qor::makePtr<DoubleParam>(UIString(ResId(90304)), "titlescale", noTip, 1.0, 1.0, 1.5));
+    add(Qor::makePtr<DoubleParam>(UIString(ResId(90305)), "edgescale", noTip, 0.5, 0.0, 1.0));
+    add(Qor::makePtr<BoolParam>(UIString(ResId(90306)), "edgedark", noTip, true));
+    add(Qor::makePtr<BoolParam>(UIString(ResId(90307)), "edgelight", noTip, true));
 }
 
 // Event entry
