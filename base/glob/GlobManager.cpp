@@ -171,9 +171,13 @@ void GlobManager::broadcastUIChange(unsigned mask) {
     std::vector<Glob*> roots;
     for (Glob* g = walk_all_root_globs(nullptr); g != nullptr; g = walk_all_root_globs(g))
         roots.push_back(g);
+    // Each window repaints once, after the whole tree has read the change.
     for (Glob* g : roots)
-        if (isLive(g))
+        if (isLive(g)) {
             g->handleUIChange(mask);
+            if (isLive(g))
+                g->update();
+        }
 }
 
 void GlobManager::forgetDisplayState() {

@@ -199,6 +199,12 @@ LightweightString<wchar_t> formatLocalTime(long long secondsSinceEpoch) {
     return fromUTF8(text);
 }
 
+class OpenerShell final : public iShell {
+public:
+    bool openURL(LightweightString<wchar_t> const& url) override { return openWithShell(url); }
+    bool openFile(LightweightString<wchar_t> const& path) override { return openWithShell(path); }
+};
+
 class LinuxOS final : public iOS {
 public:
     iAllocator& allocator() override { return allocator_; }
@@ -227,8 +233,13 @@ public:
     }
 
     LightweightString<wchar_t> getFixedPitchFontName() override { return fixedPitchFamily(); }
-    bool openURL(LightweightString<wchar_t> const& url) override { return openWithShell(url); }
-    bool openFile(LightweightString<wchar_t> const& path) override { return openWithShell(path); }
+    bool openURL(LightweightString<wchar_t> const& url) override { return shell().openURL(url); }
+    bool openFile(LightweightString<wchar_t> const& path) override {
+        return shell().openFile(path);
+    }
+    void setShell(iShell* shell) override {
+        shell_.store(shell != nullptr ? shell : &openerShell_, std::memory_order_release);
+    }
     LightweightString<wchar_t> getHomeDirectory() override {
         return fromUTF8(Paths::homeDirectory().c_str());
     }
@@ -246,6 +257,9 @@ private:
     std::atomic<iKeyboardState*> keyboard_{&noKeys_};
     ProcessClipboard processClipboard_;
     std::atomic<iClipboard*> clipboard_{&processClipboard_};
+    iShell& shell() { return *shell_.load(std::memory_order_acquire); }
+    OpenerShell openerShell_;
+    std::atomic<iShell*> shell_{&openerShell_};
 };
 
 } // namespace

@@ -48,6 +48,14 @@ public:
     virtual LightweightString<wchar_t> getText(Channel channel) = 0;
 };
 
+// Hands URLs and files to the desktop's opener. Substituted by tests so that nothing is launched.
+class iShell {
+public:
+    virtual ~iShell() = default;
+    virtual bool openURL(LightweightString<wchar_t> const& url) = 0;
+    virtual bool openFile(LightweightString<wchar_t> const& path) = 0;
+};
+
 class iOS {
 public:
     virtual ~iOS() = default;
@@ -76,6 +84,8 @@ public:
     // that the environment variable PANELKIT_OPENER names.
     virtual bool openURL(LightweightString<wchar_t> const& url) = 0;
     virtual bool openFile(LightweightString<wchar_t> const& path) = 0;
+    // Replaces the shell service behind openURL and openFile; null restores the built-in one.
+    virtual void setShell(iShell* shell) = 0;
 
     // $HOME. The default folder, where file choosers start without a path, is the home folder.
     virtual LightweightString<wchar_t> getHomeDirectory() = 0;
