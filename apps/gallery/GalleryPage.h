@@ -15,6 +15,8 @@ public:
     virtual wchar_t const* title() const = 0;
     // The name of the page's picture file.
     virtual char const* fileStem() const = 0;
+    // The page has just been brought to the front.
+    virtual void shown() {}
 
 protected:
     // A line of text with its baseline at `origin`.

@@ -6,10 +6,6 @@
 
 #include <cstring>
 
-namespace {
-constexpr int tabWidth = 150;
-} // namespace
-
 GalleryWindow::GalleryWindow(XY<int> const& size)
     : Glob(GlobCreationInfo((unsigned short)size.x, (unsigned short)size.y)) {
     palette_ = UifStd::getColourScheme();
@@ -19,10 +15,17 @@ int GalleryWindow::tabHeight() const {
     return UifStd::getRowHeight() + 2 * UifStd::getWidgetGap();
 }
 
+// Each tab is as wide as its title and a row height of padding.
 Box GalleryWindow::tabBox(unsigned index) const {
     int gap = UifStd::getWidgetGap();
-    int x = gap + int(index) * (tabWidth + gap);
-    return Box(x, height() - tabHeight() + gap, x + tabWidth, height() - gap);
+    Qor::Ptr<iFont> font = Glib::loadFont(UifStd::getFont());
+    auto tabWidth = [&](unsigned i) {
+        return font->measure(pages_[i]->title()).x + UifStd::getRowHeight();
+    };
+    int x = gap;
+    for (unsigned i = 0; i < index; ++i)
+        x += tabWidth(i) + gap;
+    return Box(x, height() - tabHeight() + gap, x + tabWidth(index), height() - gap);
 }
 
 void GalleryWindow::showPage(unsigned index) {
@@ -35,6 +38,7 @@ void GalleryWindow::showPage(unsigned index) {
         else
             pages_[i]->unmapCanvas();
     setTitleText(LightweightString<wchar_t>(L"Panelkit gallery — ") + pages_[index]->title());
+    pages_[index]->shown();
     update();
 }
 

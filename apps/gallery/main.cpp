@@ -4,7 +4,9 @@
 // where settings, preferences, resources and the log live, the process settings the toolkit
 // reads, and sample resource texts.
 
+#include "ButtonsPage.h"
 #include "ClockPage.h"
+#include "ControlsPage.h"
 #include "DrawingPage.h"
 #include "GalleryWindow.h"
 #include "IconsPage.h"
@@ -91,11 +93,13 @@ int usage() {
 }
 
 GalleryWindow* makeGallery(XY<int> const& screen) {
-    XY<int> size(1024, 680);
+    XY<int> size(1200, 740);
     Glob::setupRootPos(
         XY<int>(std::max(0, (screen.x - size.x) / 2), std::max(0, (screen.y - size.y) / 2)));
     auto* window = new GalleryWindow(size);
     window->addPage<PanelsPage>();
+    window->addPage<ButtonsPage>();
+    window->addPage<ControlsPage>();
     window->addPage<TextPage>();
     window->addPage<DrawingPage>();
     window->addPage<ShapesPage>();

@@ -38,6 +38,16 @@ Colour windowShade(Palette const& palette) {
     return palette.window(WindowShadeBase);
 }
 
+// A pressed face is brighter than the face up; a face already at full brightness darkens
+// instead, so that a press always shows.
+Colour pressedShade(Colour const& back) {
+    Colour lighter = scale(back, downShadeFactor);
+    double change = std::abs(lighter.red() - back.red()) +
+                    std::abs(lighter.green() - back.green()) +
+                    std::abs(lighter.blue() - back.blue());
+    return change > 0.06 ? lighter : scale(back, 1.0 / downShadeFactor);
+}
+
 } // namespace
 
 void Button::Icon::load(LightweightString<wchar_t> const& file, unsigned short height) {
@@ -133,7 +143,7 @@ void Button::setCols(Colour const& fore, Colour const& back) {
     textUpCol_ = fore;
     textDownCol_ = fore;
     backUpCol_ = back;
-    backDownCol_ = scale(back, downShadeFactor);
+    backDownCol_ = pressedShade(back);
 }
 
 void Button::setUpCols(Colour const& fore, Colour const& back) {
@@ -169,7 +179,7 @@ void Button::setPalette(Palette const& palette) {
     textUpCol_ = palette.text(TextNormal);
     textDownCol_ = textUpCol_;
     backUpCol_ = windowShade(palette);
-    backDownCol_ = scale(backUpCol_, downShadeFactor);
+    backDownCol_ = pressedShade(backUpCol_);
 }
 
 void Button::setStyle(eButtonStyle style) {

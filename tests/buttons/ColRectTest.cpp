@@ -1,0 +1,58 @@
+#include "buttons/ColRect.h"
+
+#include "LabelWindow.h"
+#include "testing/UiTestDriver.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class ColourAdaptor : public ValAdaptorBase<ColourData> {
+public:
+    ColourData getDataValue() override { return value; }
+    int requestSetNewDataValue(ColourData const& v, DataChangeType) override {
+        value = v;
+        setNewWidgetValue(value, Redraw);
+        return 1;
+    }
+    ColourData value{0.18, 0.48, 0.92};
+};
+
+bool near(NormalisedRGB const& c, double r, double g, double b) {
+    return std::abs(c.r - r) < 0.02 && std::abs(c.g - g) < 0.02 && std::abs(c.b - b) < 0.02;
+}
+
+struct Swatches : ::testing::Test {
+    UiTestDriver driver;
+    RecordingGlob* window = makeWindow({100, 100}, {300, 200});
+};
+
+} // namespace
+
+TEST_F(Swatches, AColRectShowsItsAdaptorsColourAndSpellsItOutInItsTip) {
+    auto* swatch = addLabel<ColRect>(window, ColRect::InitArgs(ColourData(), 40, 30));
+    auto adaptor = Qor::makePtr<ColourAdaptor>();
+    swatch->setDataAdaptor(adaptor);
+    swatch->update();
+    EXPECT_TRUE(near(driver.pixel(swatch, {20, 15}), 0.18, 0.48, 0.92));
+    EXPECT_EQ(swatch->contextString({}, nullptr).getString(),
+              L"R : 0.18, G : 0.48, B : 0.92, A : 1");
+    EXPECT_EQ(swatch->getTooltipDetails({}, nullptr).text.getString(),
+              L"R : 0.18, G : 0.48, B : 0.92, A : 1");
+    adaptor->requestSetNewDataValue(ColourData(1.0, 0.5, 0.0, ColourSpace::RGB, 0.25),
+                                    SetByProgram);
+    EXPECT_EQ(swatch->getWidgetValue(), ColourData(1.0, 0.5, 0.0, ColourSpace::RGB, 0.25));
+    EXPECT_EQ(swatch->contextString({}, nullptr).getString(), L"R : 1, G : 0.5, B : 0, A : 0.25");
+}
+
+TEST_F(Swatches, ATranslucentColourShowsOverAChequerAndAnOpaqueOneIsEven) {
+    auto* swatch =
+        addLabel<ColourSwatch>(window, ColourSwatch::InitArgs(Colour(0.0, 0.0, 1.0), 60, 30));
+    driver.processEvents();
+    EXPECT_EQ(driver.pixel(swatch, {3, 3}), driver.pixel(swatch, {12, 3}));
+    swatch->setColour(Colour(0.0, 0.0, 1.0), 0.5);
+    NormalisedRGB light = driver.pixel(swatch, {3, 3});
+    NormalisedRGB dark = driver.pixel(swatch, {12, 3});
+    EXPECT_TRUE(near(light, 0.5, 0.5, 1.0));
+    EXPECT_TRUE(near(dark, 0.375, 0.375, 0.875));
+}

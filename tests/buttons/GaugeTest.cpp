@@ -1,0 +1,77 @@
+#include "buttons/Gauge.h"
+
+#include "glob/GlobManager.h"
+#include "glob/RecordingGlob.h"
+#include "testing/UiTestDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace {
+
+class CountingGauge : public Gauge {
+public:
+    using Gauge::Gauge;
+    void drawBackground() override {
+        ++paintings;
+        Gauge::drawBackground();
+    }
+    int paintings = 0;
+};
+
+struct Gauges : ::testing::Test {
+    UiTestDriver driver;
+    RecordingGlob* window = makeWindow({100, 100}, {300, 100});
+    CountingGauge* gauge = nullptr;
+
+    void SetUp() override {
+        Gauge::InitArgs args(200, 20);
+        args.canvas = window->canvas();
+        args.fillColour = Colour(0.0, 0.6, 0.0);
+        args.emptyColour = Colour(1.0, 1.0, 1.0);
+        gauge = new CountingGauge(args);
+        window->addChild(gauge, Glob::BottomLeft(20, 20));
+        driver.processEvents();
+        gauge->display();
+        gauge->paintings = 0;
+    }
+};
+
+bool near(NormalisedRGB const& c, float r, float g, float b) {
+    return std::abs(c.r - r) < 0.02 && std::abs(c.g - g) < 0.02 && std::abs(c.b - b) < 0.02;
+}
+
+} // namespace
+
+TEST_F(Gauges, DisplayRepaintsOnlyWhenTheFilledLengthOrTheTextChanges) {
+    gauge->setMeasure(0.5);
+    gauge->display();
+    gauge->display();
+    EXPECT_EQ(gauge->paintings, 1);
+    // 200 * 0.501 rounds to the same 100 pixels; out-of-range measures are ignored.
+    for (double same : {0.501, 1.5, -0.1, 1.0000001})
+        gauge->setMeasure(same);
+    EXPECT_EQ(gauge->getMeasure(), 0.501);
+    gauge->display();
+    EXPECT_EQ(gauge->paintings, 1);
+    gauge->setMeasure(0.51);
+    gauge->display();
+    gauge->setText(L"Copying");
+    gauge->display();
+    gauge->display();
+    EXPECT_EQ(gauge->paintings, 3);
+    gauge->setMeasure(1.0);
+    EXPECT_EQ(gauge->getMeasure(), 1.0);
+}
+
+TEST_F(Gauges, TheFilledLengthIsInTheFirstColourAndTheRestInTheSecond) {
+    gauge->setMeasure(0.25);
+    gauge->display();
+    EXPECT_TRUE(near(driver.pixel(gauge, {45, 3}), 0.0f, 0.6f, 0.0f));
+    EXPECT_TRUE(near(driver.pixel(gauge, {55, 3}), 1.0f, 1.0f, 1.0f));
+    gauge->setMeasure(0.75);
+    gauge->display();
+    EXPECT_TRUE(near(driver.pixel(gauge, {145, 3}), 0.0f, 0.6f, 0.0f));
+    EXPECT_TRUE(near(driver.pixel(gauge, {155, 3}), 1.0f, 1.0f, 1.0f));
+}
