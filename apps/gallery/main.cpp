@@ -5,13 +5,16 @@
 // reads, and sample resource texts.
 
 #include "ButtonsPage.h"
+#include "CheckboxesPage.h"
 #include "ClockPage.h"
 #include "ControlsPage.h"
 #include "DrawingPage.h"
 #include "GalleryWindow.h"
+#include "GroupsPage.h"
 #include "IconsPage.h"
 #include "PanelsPage.h"
 #include "ShapesPage.h"
+#include "SpecialButtonsPage.h"
 #include "TextPage.h"
 
 #include "Panelkit.h"
@@ -99,6 +102,9 @@ GalleryWindow* makeGallery(XY<int> const& screen) {
     auto* window = new GalleryWindow(size);
     window->addPage<PanelsPage>();
     window->addPage<ButtonsPage>();
+    window->addPage<CheckboxesPage>();
+    window->addPage<GroupsPage>();
+    window->addPage<SpecialButtonsPage>();
     window->addPage<ControlsPage>();
     window->addPage<TextPage>();
     window->addPage<DrawingPage>();

@@ -38,8 +38,11 @@ Canvas::~Canvas() {
 void Canvas::detachFromParent() {
     if (parent_ == nullptr)
         return;
+    // From the back: children usually go in the reverse order of their coming.
     auto& siblings = parent_->children_;
-    siblings.erase(std::remove(siblings.begin(), siblings.end(), this), siblings.end());
+    auto it = std::find(siblings.rbegin(), siblings.rend(), this);
+    if (it != siblings.rend())
+        siblings.erase(std::prev(it.base()));
     parent_ = nullptr;
 }
 

@@ -177,14 +177,9 @@ Glob::~Glob() {
     removeSurround();
     destroyChildren();
     if (Glob* p = parent()) {
-        // Siblings placed beside this widget stay where they are.
-        for (WidgetDetails& d : p->children_)
-            if (d.isRelative() &&
-                (d.position.sibling == this ||
-                 (d.position.sibling == nullptr && p->previousChildOf(d.widget) == this))) {
-                XY<int> at = d.widget->getParentRelativePosition();
-                d.position = BottomLeft(at);
-            }
+        // Siblings placed beside this widget stay where they are, unless they are going too.
+        if (!p->destroyingChildren_)
+            keepSiblingsInPlace(p);
         auto it = p->findChild(this);
         if (it != p->children_.end())
             p->children_.erase(it);
@@ -196,7 +191,18 @@ Glob::~Glob() {
     canvas_.reset();
 }
 
+void Glob::keepSiblingsInPlace(Glob* p) {
+    for (WidgetDetails& d : p->children_)
+        if (d.isRelative() &&
+            (d.position.sibling == this ||
+             (d.position.sibling == nullptr && p->previousChildOf(d.widget) == this))) {
+            XY<int> at = d.widget->getParentRelativePosition();
+            d.position = BottomLeft(at);
+        }
+}
+
 void Glob::destroyChildren() {
+    destroyingChildren_ = true;
     while (!children_.empty()) {
         Glob* child = children_.back().widget;
         delete child;
@@ -688,9 +694,11 @@ void Glob::setTitleText(LightweightString<wchar_t> const& title) {
 
 // Children
 
+// From the back: the child looked for is most often the one added or removed last.
 std::vector<WidgetDetails>::iterator Glob::findChild(Glob const* child) {
-    return std::find_if(children_.begin(), children_.end(),
-                        [&](WidgetDetails const& d) { return d.widget == child; });
+    auto it = std::find_if(children_.rbegin(), children_.rend(),
+                           [&](WidgetDetails const& d) { return d.widget == child; });
+    return it == children_.rend() ? children_.end() : std::prev(it.base());
 }
 
 Glob* Glob::previousChildOf(Glob const* child) const {
@@ -706,9 +714,10 @@ Glob* Glob::previousChildOf(Glob const* child) const {
 void Glob::addChild(Glob* child, WidgetPosition const& position, WidgetSurround surround) {
     if (child == nullptr || child == this)
         return;
-    if (child->parent() != this)
+    bool known = child->parent() == this;
+    if (!known)
         child->canvas_->reparent(canvas_.get(), XY<int>(0, 0));
-    auto it = findChild(child);
+    auto it = known ? findChild(child) : children_.end();
     if (it == children_.end()) {
         children_.push_back(WidgetDetails{child, position, surround});
         it = children_.end() - 1;

@@ -458,6 +458,7 @@ protected:
 private:
     void init(GlobCreationInfo const& info);
     void destroyChildren();
+    void keepSiblingsInPlace(Glob* parent);
     void forwardToHandlers(Event const& event, int& used);
     std::vector<WidgetDetails>::iterator findChild(Glob const* child);
     Glob* previousChildOf(Glob const* child) const;
@@ -497,6 +498,7 @@ private:
     bool indestructible_ = false;
     bool trashable_ = true;
     bool moving_ = false;
+    bool destroyingChildren_ = false;
 };
 
 template <class T>

@@ -1,5 +1,11 @@
 #include "panels/StandardPanel.h"
 
+#include "buttons/PinButton.h"
+#include "buttons/PootButton.h"
+#include "buttons/PushButton.h"
+#include "buttons/SettingsButton.h"
+#include "buttons/SizeButton.h"
+#include "buttons/TextLabel.h"
 #include "foundation/GenericParam.h"
 #include "glib/CanvasRenderer.h"
 #include "glib/DrawingHelpers.h"
@@ -12,7 +18,6 @@
 #include "misc/Resources.h"
 
 #include <algorithm>
-#include <type_traits>
 
 char const* const StandardPanel::doItMsg = "do_it";
 char const* const StandardPanel::titleChangedMsg = "StdPanelTitleChanged";
@@ -24,21 +29,6 @@ char const* const StandardPanel::dropDownClickMsg = "ddBtnClickMsg";
 char const* const StandardPanel::screwdriverMsg = "screwdriver";
 
 namespace {
-
-template <class T, class = void>
-struct IsComplete : std::false_type {};
-template <class T>
-struct IsComplete<T, std::void_t<decltype(sizeof(T))>> : std::true_type {};
-
-// The standard widget classes are declared ahead of their definitions; a pointer of a class not
-// yet defined is always null, so it is seen as no widget at all.
-template <class W>
-Glob* asGlob(W* widget) {
-    if constexpr (IsComplete<W>::value)
-        return widget;
-    else
-        return nullptr;
-}
 
 bool isMapped(Glob const* g) {
     return g != nullptr && g->canvas() != nullptr && g->canvas()->mapped;
@@ -209,12 +199,12 @@ int StandardPanel::reactToMessage(Event const& event) {
         handleFlipSize();
         return 1;
     }
-    if (sender != nullptr && sender == asGlob(pinButton_) && startsWith(name, freezeFlipMsg)) {
+    if (sender != nullptr && sender == pinButton_ && startsWith(name, freezeFlipMsg)) {
         handlePinned(pinState() == 1);
         return 1;
     }
     if (name == titleChangedMsg) {
-        if (Glob* title = asGlob(titleWidget_))
+        if (Glob* title = titleWidget_)
             setTitle(UIString(titleText_.getString()), title->getFont(), Redraw);
         handleTitleChange();
         return 1;
@@ -282,8 +272,7 @@ bool StandardPanel::isPinned() const {
 }
 
 int StandardPanel::pinState() const {
-    // The pin button's state; there is no pin button until its class exists.
-    return 0;
+    return pinButton_ != nullptr ? pinButton_->getState() : 0;
 }
 
 void StandardPanel::handleMouseContainment(bool inside) {
@@ -320,18 +309,58 @@ void StandardPanel::addStandardWidgets(int mask) {
     positionStandardWidgets();
 }
 
-void StandardPanel::makeStandardWidgets(int) {
-    // Each standard widget is made here from its own class (poot, size, settings or drop-down
-    // settings, do-it, pin, title box), in that order and with standardWidgetPalette(), as those
-    // classes arrive. Until then a flag only reserves the widget's room in the layout.
+template <class T>
+T* StandardPanel::makeStandardWidget(typename T::InitArgs args) {
+    args.canvas = canvas();
+    args.palette = standardWidgetPalette();
+    return new T(args);
+}
+
+void StandardPanel::makeStandardWidgets(int mask) {
+    auto small = (unsigned short)Glib::getDefaultFontSize();
+    auto h = (unsigned short)measure(TitleWidgetHeight);
+    if ((mask & Poot) && pootButton_ == nullptr)
+        pootButton_ = makeStandardWidget<PootButton>(PootButton::InitArgs(small, h));
+    if ((mask & SizeFlip) && sizeButton_ == nullptr) {
+        sizeButton_ = makeStandardWidget<SizeButton>(SizeButton::InitArgs(small, h));
+        sizeButton_->setAppearance(SizeButton::TextAppearance);
+    }
+    // The drop-down settings button comes with drop-downs; until then bit 128 only keeps room.
+    if ((mask & Settings) && settingsWidget_ == nullptr) {
+        settingsWidget_ = makeStandardWidget<SettingsButton>(
+            SettingsButton::InitArgs((unsigned short)(small + UifStd::getWidgetGap()), h));
+        if (sizeState_ == SizeSmall)
+            settingsWidget_->unmapCanvas();
+    }
+    if ((mask & DoIt) && actionButton_ == nullptr)
+        actionButton_ = makeStandardWidget<PushButton>(
+            PushButton::InitArgs(UIString(ResId(10039)), WidgetCallback(doItMsg), 0,
+                                 (unsigned short)PushButton::calcHeight()));
+    if ((mask & Pin) && pinButton_ == nullptr) {
+        pinButton_ = makeStandardWidget<PinButton>(PinButton::InitArgs(small, h));
+        pinButton_->setState(isMovable() ? Button::up : Button::down, NoRedraw);
+    }
+    if ((mask & TitleBits) && titleWidget_ == nullptr)
+        makeTitleWidget(h);
+}
+
+// The title is shown by a label until the panel's editable title box exists.
+void StandardPanel::makeTitleWidget(unsigned short height) {
+    TextLabel::InitArgs args(titleText_.getString(),
+                             (unsigned short)calcTitleWidthInternal(titleText_.getString()),
+                             height);
+    args.fixedSize = true;
+    args.font = theme().titleFont;
+    Palette title = standardWidgetPalette();
+    args.textColour = title.headingText();
+    titleWidget_ = makeStandardWidget<TextLabel>(args);
 }
 
 bool StandardPanel::isStandardWidget(Glob const* widget) const {
     if (widget == nullptr)
         return false;
-    return widget == asGlob(titleWidget_) || widget == asGlob(pinButton_) ||
-           widget == asGlob(pootButton_) || widget == asGlob(actionButton_) ||
-           widget == asGlob(sizeButton_);
+    return widget == titleWidget_ || widget == pinButton_ || widget == pootButton_ ||
+           widget == actionButton_ || widget == sizeButton_;
 }
 
 void StandardPanel::removeStandardWidgets(int mask, bool destroy) {
@@ -343,12 +372,12 @@ void StandardPanel::removeStandardWidgets(int mask, bool destroy) {
         if (destroy)
             standardWidgetFlags_ &= ~bits;
     };
-    take(asGlob(sizeButton_), SizeFlip);
+    take(sizeButton_, SizeFlip);
     take(settingsWidget_, SettingsBits);
-    take(asGlob(titleWidget_), TitleBits);
-    take(asGlob(actionButton_), DoIt);
-    take(asGlob(pinButton_), Pin);
-    take(asGlob(pootButton_), Poot);
+    take(titleWidget_, TitleBits);
+    take(actionButton_, DoIt);
+    take(pinButton_, Pin);
+    take(pootButton_, Poot);
     if (!destroy)
         return;
     if (mask & SizeFlip)
@@ -378,7 +407,7 @@ void StandardPanel::positionStandardWidgets() {
     std::vector<WidgetDetails> users = takeChildren();
 
     placeTopRightRow();
-    if (Glob* action = asGlob(actionButton_); action != nullptr && (flags & DoIt))
+    if (Glob* action = actionButton_; action != nullptr && (flags & DoIt))
         addChild(action, BottomLeft(b, b), standardSurround());
     Glob* lastStatus = nullptr;
     for (WidgetDetails const& s : statusWidgets_) {
@@ -387,7 +416,7 @@ void StandardPanel::positionStandardWidgets() {
         addChild(s.widget, at, standardSurround());
         lastStatus = s.widget;
     }
-    if (Glob* title = asGlob(titleWidget_); title != nullptr && (flags & TitleBits))
+    if (Glob* title = titleWidget_; title != nullptr && (flags & TitleBits))
         addChild(title, lastStatus != nullptr ? RightOf(g, lastStatus) : TopLeft(b, y),
                  standardSurround());
 
@@ -403,9 +432,9 @@ void StandardPanel::placeTopRightRow() {
     int b = border_.getSize();
     int v = border_.getVisibleSize();
     int g = UifStd::getWidgetGap();
-    Glob* poot = (flags & Poot) ? asGlob(pootButton_) : nullptr;
-    Glob* size = (flags & SizeFlip) ? asGlob(sizeButton_) : nullptr;
-    Glob* pin = (flags & Pin) ? asGlob(pinButton_) : nullptr;
+    Glob* poot = (flags & Poot) ? static_cast<Glob*>(pootButton_) : nullptr;
+    Glob* size = (flags & SizeFlip) ? static_cast<Glob*>(sizeButton_) : nullptr;
+    Glob* pin = (flags & Pin) ? static_cast<Glob*>(pinButton_) : nullptr;
     if (poot != nullptr)
         addChild(poot, TopRight(v + g, y), standardSurround());
     if (size != nullptr)
@@ -490,7 +519,8 @@ int StandardPanel::calcMaxTitleWidgetWidth() const {
     int flags = standardWidgetFlags_;
     Glob* leftmost = nullptr;
     if (flags & TopRowBits) {
-        for (Glob* w : {asGlob(pootButton_), asGlob(sizeButton_), asGlob(pinButton_)})
+        for (Glob* w : {static_cast<Glob*>(pootButton_), static_cast<Glob*>(sizeButton_),
+                        static_cast<Glob*>(pinButton_)})
             if (w != nullptr) {
                 width -= w->width();
                 leftmost = w;
@@ -501,7 +531,7 @@ int StandardPanel::calcMaxTitleWidgetWidth() const {
         }
     }
     auto* self = const_cast<StandardPanel*>(this);
-    if (Glob* title = asGlob(titleWidget_)) {
+    if (Glob* title = titleWidget_) {
         WidgetDetails* d = self->getWidget(title);
         if (d != nullptr && !d->isRelative())
             width += border_.getSize() - d->getX();
@@ -523,7 +553,7 @@ int StandardPanel::calcMaxTitleWidgetWidth() const {
 }
 
 int StandardPanel::calcTitleWidthInternal(LightweightString<wchar_t> const& text) const {
-    Glob* title = asGlob(titleWidget_);
+    Glob* title = titleWidget_;
     Glib::FontDesc font = title != nullptr ? title->getFont() : theme().titleFont;
     int width = Glib::loadFont(font)->measure(text).x + UifStd::getWidgetGap();
     if ((standardWidgetFlags_ & EditableTitle) && width < 30)
@@ -532,7 +562,7 @@ int StandardPanel::calcTitleWidthInternal(LightweightString<wchar_t> const& text
 }
 
 bool StandardPanel::resizeTitleWidget() {
-    Glob* title = asGlob(titleWidget_);
+    Glob* title = titleWidget_;
     if (title == nullptr)
         return false;
     int width = calcTitleWidthInternal(titleText_.getString());
@@ -547,16 +577,17 @@ void StandardPanel::setTitle(UIString const& text, Glib::FontDesc const& font, e
     {
         Glib::StateSaver saved;
         titleText_ = text;
-        if (Glob* title = asGlob(titleWidget_)) {
-            title->setFont(font);
+        if (titleWidget_ != nullptr) {
+            titleWidget_->setFont(font);
+            titleWidget_->setText(titleText_.getString(), NoRedraw);
             handleTitleChangeInternal(redraw);
         } else {
             addStandardWidgets(Title);
-            if (Glob* made = asGlob(titleWidget_))
+            if (Glob* made = titleWidget_)
                 made->setFont(font);
             resizeTitleWidget();
         }
-        if (Glob* title = asGlob(titleWidget_); title != nullptr && redraw == Redraw)
+        if (Glob* title = titleWidget_; title != nullptr && redraw == Redraw)
             title->update();
     }
     Drawable::enableRedraws();
@@ -571,7 +602,7 @@ void StandardPanel::setEditableTitle(bool editable) {
 }
 
 void StandardPanel::handleTitleChangeInternal(eRedrawFlag redraw) {
-    Glob* title = asGlob(titleWidget_);
+    Glob* title = titleWidget_;
     if (title == nullptr)
         return;
     int width = calcTitleWidthInternal(titleText_.getString());
@@ -624,19 +655,20 @@ Palette StandardPanel::makeTitleAreaPalette() const {
 void StandardPanel::setPalette(Palette const& palette) {
     rect::setPalette(palette);
     Palette title = makeTitleAreaPalette();
-    for (Glob* w : {asGlob(pootButton_), asGlob(pinButton_), settingsWidget_})
+    for (Glob* w :
+         {static_cast<Glob*>(pootButton_), static_cast<Glob*>(pinButton_), settingsWidget_})
         if (w != nullptr)
             w->setPalette(title);
-    if (Glob* t = asGlob(titleWidget_))
+    if (Glob* t = titleWidget_)
         t->setPalette(makeTextPalette(title, title.headingText()));
-    for (Glob* w : {asGlob(sizeButton_), asGlob(actionButton_)})
+    for (Glob* w : {static_cast<Glob*>(sizeButton_), static_cast<Glob*>(actionButton_)})
         if (w != nullptr)
             w->setPalette(palette);
 }
 
 void StandardPanel::setCol(Colour const& colour, bool redraw) {
     rect::setCol(colour, redraw);
-    if (Glob* t = asGlob(titleWidget_))
+    if (Glob* t = titleWidget_)
         t->setCol(makeTitleAreaPalette().window(WindowShadeBase), redraw);
 }
 
@@ -648,21 +680,21 @@ void StandardPanel::handleUIChange(unsigned int mask) {
     }
     int small = Glib::getDefaultFontSize();
     int h = measure(TitleWidgetHeight);
-    if (Glob* poot = asGlob(pootButton_))
+    if (Glob* poot = pootButton_)
         poot->resize(small, h);
-    if (Glob* title = asGlob(titleWidget_)) {
+    if (Glob* title = titleWidget_) {
         title->setFont(theme().titleFont);
         title->resize(calcTitleWidthInternal(titleText_.getString()), h);
     }
     if (settingsWidget_ != nullptr)
         settingsWidget_->resize(small + UifStd::getWidgetGap(), h);
-    if (Glob* size = asGlob(sizeButton_))
+    if (Glob* size = sizeButton_)
         size->resize(small, h);
-    if (Glob* action = asGlob(actionButton_)) {
+    if (Glob* action = actionButton_) {
         action->setFont(theme().buttonFont);
         action->forceReshape();
     }
-    if ((mask & 8) && asGlob(titleWidget_) != nullptr) {
+    if ((mask & 8) && titleWidget_ != nullptr) {
         UIString text = titleText_;
         if (text.id != noResourceId)
             text.text = LightweightString<wchar_t>();
@@ -861,7 +893,7 @@ void StandardPanel::drawCurvedCorners(Colour const& colour) {
 }
 
 void StandardPanel::drawSquarePanelBorder(unsigned int edges) {
-    if (sizeState_ == SizeNormal && (asGlob(titleWidget_) != nullptr || parent() == nullptr))
+    if (sizeState_ == SizeNormal && (titleWidget_ != nullptr || parent() == nullptr))
         drawTitleSeparator();
     Border b = border_;
     b.edges = edges;

@@ -16,7 +16,7 @@ class PootButton;
 class SizeButton;
 class PinButton;
 class PushButton;
-class TextBox;
+class TextLabel;
 
 class StandardPanel : public rect, public TabOrderManager {
 public:
@@ -174,6 +174,9 @@ private:
     Palette standardWidgetPalette() const;
     int pinState() const;
     void makeStandardWidgets(int mask);
+    template <class T>
+    T* makeStandardWidget(typename T::InitArgs args);
+    void makeTitleWidget(unsigned short height);
     void placeTopRightRow();
 
     Glob* settingsWidget_ = nullptr;
@@ -181,7 +184,7 @@ private:
     PootButton* pootButton_ = nullptr;
     PushButton* actionButton_ = nullptr;
     Border border_;
-    TextBox* titleWidget_ = nullptr;
+    TextLabel* titleWidget_ = nullptr;
     PinButton* pinButton_ = nullptr;
     int standardWidgetFlags_ = 0;
     std::vector<WidgetDetails> statusWidgets_;

@@ -1,0 +1,74 @@
+#pragma once
+
+// The owner of the buttons under test: a realized panel that notes the messages, poots, size flips
+// and senders that reach it, and makes buttons in itself as a host would.
+
+#include "glob/GlobManager.h"
+#include "panels/StandardPanel.h"
+#include "testing/UiTestDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+class RecordingPanel : public StandardPanel {
+public:
+    using StandardPanel::StandardPanel;
+
+    int handleMessageEvent(LightweightString<char> name, Glob* sender) override {
+        messages.push_back(name.c_str());
+        senders.push_back(sender);
+        return 1;
+    }
+    int handlePoot() override {
+        ++poots;
+        return allowPoot ? 1 : 0;
+    }
+    void handleFlipSize() override { ++flips; }
+
+    std::vector<std::string> messages;
+    std::vector<Glob*> senders;
+    int poots = 0;
+    int flips = 0;
+    bool allowPoot = true;
+};
+
+struct SpecialButtons : ::testing::Test {
+    UiTestDriver driver;
+    RecordingPanel* panel = nullptr;
+
+    void SetUp() override {
+        Glob::setupRootPos({100, 100});
+        panel = new RecordingPanel(StandardPanel::InitArgs(400, 200));
+        GlobManager::instance().realize(panel);
+        driver.processEvents();
+    }
+
+    template <class T>
+    T* make(typename T::InitArgs const& args, XY<int> at = {20, 20}) {
+        T* button = panel->createWidget<T>(args, Glob::BottomLeft(at));
+        button->update();
+        driver.processEvents();
+        return button;
+    }
+
+    // A callback that notes each message name it is given.
+    static WidgetCallback recorder(std::vector<std::string>& names, char const* message) {
+        return WidgetCallback(Qor::makeCallback<NotifyMsg>([&names](NotifyMsg const& msg) {
+                                  names.push_back(msg.getName().c_str());
+                                  return 0;
+                              }),
+                              message);
+    }
+
+    // A callback that asks for the deletion of the widget `*target` names, as a host closing a
+    // row of buttons from one of them would.
+    static WidgetCallback deleter(Glob** target, char const* message) {
+        return WidgetCallback(Qor::makeCallback<NotifyMsg>([target](NotifyMsg const&) {
+                                  GlobManager::instance().requestDeletion(*target);
+                                  return 0;
+                              }),
+                              message);
+    }
+};

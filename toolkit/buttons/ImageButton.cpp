@@ -1,0 +1,5 @@
+#include "buttons/ImageButton.h"
+
+ImageButton::ImageButton(InitArgs const& args) : Button(args) {
+    setIcons(args.upIcon, args.downIcon);
+}

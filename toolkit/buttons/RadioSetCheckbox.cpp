@@ -1,0 +1,10 @@
+#include "buttons/RadioSetCheckbox.h"
+
+void RadioSetCheckbox::setStateInternal(bool value) {
+    Checkbox::setStateInternal(value);
+    setDefaultMouseCursor(value ? CursorArrow : CursorHand);
+}
+
+Colour RadioSetCheckbox::getTextColour() const {
+    return getPalette().text(TextNormal);
+}
