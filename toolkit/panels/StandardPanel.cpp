@@ -351,9 +351,9 @@ void StandardPanel::makeTitleWidget(unsigned short height) {
                              height);
     args.fixedSize = true;
     args.font = theme().titleFont;
-    Palette title = standardWidgetPalette();
-    args.textColour = title.headingText();
+    args.textColour = standardWidgetPalette().headingText();
     titleWidget_ = makeStandardWidget<TextLabel>(args);
+    titleWidget_->setPalette(titleWidgetPalette());
 }
 
 bool StandardPanel::isStandardWidget(Glob const* widget) const {
@@ -660,7 +660,7 @@ void StandardPanel::setPalette(Palette const& palette) {
         if (w != nullptr)
             w->setPalette(title);
     if (Glob* t = titleWidget_)
-        t->setPalette(makeTextPalette(title, title.headingText()));
+        t->setPalette(titleWidgetPalette());
     for (Glob* w : {static_cast<Glob*>(sizeButton_), static_cast<Glob*>(actionButton_)})
         if (w != nullptr)
             w->setPalette(palette);
@@ -775,6 +775,29 @@ void StandardPanel::reshapeCanvas() {
         rect::reshapeCanvas();
 }
 
+void StandardPanel::drawBackground() {
+    rect::drawBackground();
+    if (border_.type != Border::RoundedIndented || canvas() == nullptr)
+        return;
+    Colour s3 = getPalette().window(WindowShadeBase);
+    Glib::drawRoundedRect(canvas()->renderer(), faceColour(), getIndentBoxColour(s3), face(), 2, 15,
+                          1);
+}
+
+Colour StandardPanel::faceColour() const {
+    Palette const& p = getPalette();
+    Colour s3 = p.window(WindowShadeBase);
+    return border_.type == Border::RoundedIndented ? p.scale(s3, 0.8) : s3;
+}
+
+// The title sits on the title area, or on the face where there is none.
+Palette StandardPanel::titleWidgetPalette() const {
+    Palette title = standardWidgetPalette();
+    if ((border_.style & Border::TitleArea) == 0)
+        title.setWindow(faceColour());
+    return makeTextPalette(title, title.headingText());
+}
+
 void StandardPanel::drawBorder() {
     if (canvas() == nullptr)
         return;
@@ -794,11 +817,9 @@ void StandardPanel::drawBorder(Border const& border) {
         drawCurvedBorder();
         return;
     }
-    if (border.type == Border::RoundedIndented) {
-        Glib::drawRoundedRect(canvas()->renderer(), p.scale(s3, 0.8), getIndentBoxColour(s3),
-                              face(), 2, 15, 1);
+    // The well of a rounded indented border is painted under the children, in drawBackground.
+    if (border.type == Border::RoundedIndented)
         return;
-    }
     unsigned f = border.style;
     if (f == 0)
         return;

@@ -104,7 +104,10 @@ public:
     void handleUIChange(unsigned int mask) override;
     void removeWidget(Glob*& child, bool destroy) override;
     void setSizeFlag(eSizeState state) override;
+    void drawBackground() override;
     void drawBorder() override;
+    // The colour that the face shows behind the children.
+    virtual Colour faceColour() const;
     virtual bool canMakeMenu(Event const& event);
 
     void addStandardWidgets(int mask);
@@ -172,6 +175,7 @@ private:
     void drawStatusSeparator();
     void fillBand(Box const& box, Colour const& colour);
     Palette standardWidgetPalette() const;
+    Palette titleWidgetPalette() const;
     int pinState() const;
     void makeStandardWidgets(int mask);
     template <class T>

@@ -66,18 +66,3 @@ void WidgetGroup::setActive(bool active, eRedrawFlag redraw) {
 void WidgetGroup::handleTitleChange() {
     groupTitle_ = getTitleW();
 }
-
-void WidgetGroup::drawBackground() {
-    StandardPanel::drawBackground();
-    if (getBorder().type != Border::RoundedIndented)
-        return;
-    Palette const& p = getPalette();
-    Colour base = p.window(WindowShadeBase);
-    Glib::drawRoundedRect(canvas()->renderer(), p.scale(base, 0.8), getIndentBoxColour(base),
-                          face(), 2, 15, 1);
-}
-
-void WidgetGroup::drawBorder() {
-    if (getBorder().type != Border::RoundedIndented)
-        StandardPanel::drawBorder();
-}

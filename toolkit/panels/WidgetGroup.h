@@ -27,8 +27,6 @@ public:
     // An edited title becomes the group's title.
     void handleTitleChange() override;
     // The rounded, indented face goes beneath the controls, so the border adds nothing over them.
-    void drawBackground() override;
-    void drawBorder() override;
 
     LightweightString<wchar_t> const& getGroupTitle() const { return groupTitle_; }
     bool isTitleBold() const { return boldTitle_; }

@@ -113,6 +113,8 @@ void WidgetGroupEx::setSeparatorStyle(eSeparatorStyle style) {
     setMinSize(0, UifStd::getRowHeight());
     if (atMinimum)
         resize(width(), getMinSize().y);
+    // The title's background follows the face, which the style changes.
+    setPalette(getPalette());
     update();
 }
 
@@ -190,18 +192,23 @@ void WidgetGroupEx::resize(double w, double h) {
         placeTitleWidget();
 }
 
+// An open group has no well: the window's own colour shows.
 void WidgetGroupEx::drawBackground() {
     if (separatorStyle_ == SeparatorOpen)
-        StandardPanel::drawBackground();
+        rect::drawBackground();
     else
         WidgetGroup::drawBackground();
+}
+
+Colour WidgetGroupEx::faceColour() const {
+    if (separatorStyle_ == SeparatorOpen)
+        return getPalette().window(WindowShadeBase);
+    return WidgetGroup::faceColour();
 }
 
 void WidgetGroupEx::drawBorder() {
     if (canvas() == nullptr)
         return;
-    if (separatorStyle_ != SeparatorOpen)
-        WidgetGroup::drawBorder();
     if (separatorStyle_ != SeparatorNone)
         drawSeparator();
 }

@@ -72,6 +72,7 @@ public:
     // The open style has no frame: a plain face and the line.
     void drawBackground() override;
     void drawBorder() override;
+    Colour faceColour() const override;
 
 protected:
     // The title row's height: the group's minimum height.
