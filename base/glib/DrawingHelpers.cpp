@@ -76,6 +76,8 @@ public:
     struct Key {
         int width, height, lineWidth;
         unsigned corners, thickness, fill, edge;
+        // Only the outline: the picture is clear inside it.
+        bool hollow;
         auto operator<=>(Key const&) const = default;
     };
 
@@ -94,7 +96,8 @@ public:
         cairo_set_matrix(cr, &flip);
         cairo_set_antialias(cr, CAIRO_ANTIALIAS_FAST);
         Box box(0, 0, key.width, key.height);
-        fillRounded(cr, fill, box, key.corners);
+        if (!key.hollow)
+            fillRounded(cr, fill, box, key.corners);
         fillRoundedRing(cr, edge, box, key.lineWidth, key.corners, (unsigned short)key.thickness);
         cairo_destroy(cr);
         faces_[key] = picture;
@@ -116,6 +119,33 @@ private:
 FaceCache& faceCache() {
     static FaceCache cache;
     return cache;
+}
+
+// Paints a cached face (or only its outline) into the box.
+void paintFace(CanvasRenderer& r, Colour const& fill, Colour const& edge, Box const& box,
+               int lineWidth, unsigned corners, unsigned short thickness, bool hollow) {
+    cairo_t* cr = r.context();
+    if (cr == nullptr || box.isEmpty())
+        return;
+    FaceCache::Key key{box.width(),
+                       box.height(),
+                       std::max(lineWidth, 0),
+                       corners,
+                       thickness,
+                       hollow ? 0u : fill.get_vlib_colour(true),
+                       edge.get_vlib_colour(true),
+                       hollow};
+    cairo_surface_t* face = faceCache().face(key, fill, edge);
+    // The picture's rows run down; the canvas's y runs up.
+    cairo_pattern_t* pattern = cairo_pattern_create_for_surface(face);
+    cairo_matrix_t place;
+    cairo_matrix_init(&place, 1, 0, 0, -1, -box.x1, box.y1 + box.height());
+    cairo_pattern_set_matrix(pattern, &place);
+    cairo_set_source(cr, pattern);
+    cairo_pattern_destroy(pattern);
+    cairo_rectangle(cr, box.x1, box.y1, box.width(), box.height());
+    cairo_fill(cr);
+    r.addModifiedArea(box);
 }
 
 } // namespace
@@ -199,27 +229,7 @@ void drawOutlinedRect(CanvasRenderer& r, Colour const& outline, Colour const& fi
 
 void drawRoundedRect(CanvasRenderer& r, Colour const& fill, Colour const& edge, Box const& box,
                      int lineWidth, unsigned corners, unsigned short thickness) {
-    cairo_t* cr = r.context();
-    if (cr == nullptr || box.isEmpty())
-        return;
-    FaceCache::Key key{box.width(),
-                       box.height(),
-                       std::max(lineWidth, 0),
-                       corners,
-                       thickness,
-                       fill.get_vlib_colour(true),
-                       edge.get_vlib_colour(true)};
-    cairo_surface_t* face = faceCache().face(key, fill, edge);
-    // The picture's rows run down; the canvas's y runs up.
-    cairo_pattern_t* pattern = cairo_pattern_create_for_surface(face);
-    cairo_matrix_t place;
-    cairo_matrix_init(&place, 1, 0, 0, -1, -box.x1, box.y1 + box.height());
-    cairo_pattern_set_matrix(pattern, &place);
-    cairo_set_source(cr, pattern);
-    cairo_pattern_destroy(pattern);
-    cairo_rectangle(cr, box.x1, box.y1, box.width(), box.height());
-    cairo_fill(cr);
-    r.addModifiedArea(box);
+    paintFace(r, fill, edge, box, lineWidth, corners, thickness, false);
 }
 
 void drawRoundedRectFilled(CanvasRenderer& r, Colour const& colour, Box const& box,
@@ -233,11 +243,8 @@ void drawRoundedRectFilled(CanvasRenderer& r, Colour const& colour, Box const& b
 
 void drawRoundedRectOutline(CanvasRenderer& r, Colour const& colour, Box const& box, int lineWidth,
                             unsigned corners, unsigned short thickness) {
-    cairo_t* cr = r.context();
-    if (cr == nullptr || box.isEmpty() || lineWidth <= 0)
-        return;
-    fillRoundedRing(cr, colour, box, lineWidth, corners, thickness);
-    r.addModifiedArea(box);
+    if (lineWidth > 0)
+        paintFace(r, Colour(), colour, box, lineWidth, corners, thickness, true);
 }
 
 } // namespace Glib

@@ -21,15 +21,6 @@ int buttonCode(int button, bool press) {
 using namespace EventCode;
 
 namespace {
-bool isMouse(Event const& e) {
-    return (e.type & ClassBits) == Mouse;
-}
-bool hasAction(Event const& e, int action) {
-    return isMouse(e) && (e.type & action) != 0;
-}
-bool hasButton(Event const& e, int button) {
-    return isMouse(e) && (e.type & button) != 0;
-}
 int countBits(int v) {
     int n = 0;
     for (; v != 0; v &= v - 1)
@@ -38,56 +29,12 @@ int countBits(int v) {
 }
 } // namespace
 
-bool mouse_event(Event const& e) {
-    return isMouse(e);
-}
-bool mouse_left_event(Event const& e) {
-    return hasButton(e, LeftBit);
-}
-bool mouse_right_event(Event const& e) {
-    return hasButton(e, RightBit);
-}
-bool mouse_middle_event(Event const& e) {
-    return hasButton(e, MiddleBit);
-}
 bool mouse_chord_event(Event const& e) {
-    return isMouse(e) && countBits((e.buttons | (e.type & ButtonBits)) & ButtonBits) >= 2;
+    return EventPredicates::isMouse(e) &&
+           countBits((e.buttons | (e.type & ButtonBits)) & ButtonBits) >= 2;
 }
 bool eventWasChordEvent(Event const& e) {
     return mouse_chord_event(e);
-}
-bool mouse_down_event(Event const& e) {
-    return hasAction(e, PressBit);
-}
-bool mouse_up_event(Event const& e) {
-    return hasAction(e, ReleaseBit);
-}
-bool mouse_move_event(Event const& e) {
-    return hasAction(e, MoveBit);
-}
-bool mouse_double_click_event(Event const& e) {
-    return (mouse_down_event(e) || mouse_up_event(e)) && e.clicks == 2;
-}
-bool mouse_triple_click_event(Event const& e) {
-    return (mouse_down_event(e) || mouse_up_event(e)) && e.clicks == 3;
-}
-bool mouse_wheel_event(Event const& e) {
-    return hasAction(e, WheelBit);
-}
-bool mouse_zoom_event(Event const& e) {
-    return mouse_wheel_event(e) && (e.key & KeyCodes::Ctrl) != 0;
-}
-bool isKeyPressEvent(Event const& e) {
-    return e.type == KeyPress;
-}
-bool isKeyReleaseEvent(Event const& e) {
-    return e.type == KeyRelease;
-}
-bool isMessageEvent(Event const& e) {
-    return e.type == Message;
-}
-bool isTimerEvent(Event const& e) {
-    return (e.type & Timer) != 0 && (e.type & 0x4000) == 0;
 }
 bool isMouseMoveSignificant(Event const& e) {
     return std::abs(e.motion.x) >= 4 || std::abs(e.motion.y) >= 4;

@@ -136,26 +136,66 @@ public:
     unsigned key = 0;
 };
 
-// Predicates, for an event by reference or by pointer (a null pointer answers false).
-bool mouse_event(Event const& e);
-bool mouse_left_event(Event const& e);
-bool mouse_right_event(Event const& e);
-bool mouse_middle_event(Event const& e);
+// Predicates, for an event by reference or by pointer (a null pointer answers false). The first
+// are inline: every handler asks several of them for every event.
+namespace EventPredicates {
+inline bool isMouse(Event const& e) {
+    return (e.type & EventCode::ClassBits) == EventCode::Mouse;
+}
+inline bool hasBits(Event const& e, int bits) {
+    return isMouse(e) && (e.type & bits) != 0;
+}
+} // namespace EventPredicates
+
+inline bool mouse_event(Event const& e) {
+    return EventPredicates::isMouse(e);
+}
+inline bool mouse_left_event(Event const& e) {
+    return EventPredicates::hasBits(e, EventCode::LeftBit);
+}
+inline bool mouse_right_event(Event const& e) {
+    return EventPredicates::hasBits(e, EventCode::RightBit);
+}
+inline bool mouse_middle_event(Event const& e) {
+    return EventPredicates::hasBits(e, EventCode::MiddleBit);
+}
 // Two buttons held at once.
 bool mouse_chord_event(Event const& e);
 bool eventWasChordEvent(Event const& e);
-bool mouse_down_event(Event const& e);
-bool mouse_up_event(Event const& e);
-bool mouse_move_event(Event const& e);
-bool mouse_double_click_event(Event const& e);
-bool mouse_triple_click_event(Event const& e);
-bool mouse_wheel_event(Event const& e);
+inline bool mouse_down_event(Event const& e) {
+    return EventPredicates::hasBits(e, EventCode::PressBit);
+}
+inline bool mouse_up_event(Event const& e) {
+    return EventPredicates::hasBits(e, EventCode::ReleaseBit);
+}
+inline bool mouse_move_event(Event const& e) {
+    return EventPredicates::hasBits(e, EventCode::MoveBit);
+}
+inline bool mouse_double_click_event(Event const& e) {
+    return (mouse_down_event(e) || mouse_up_event(e)) && e.clicks == 2;
+}
+inline bool mouse_triple_click_event(Event const& e) {
+    return (mouse_down_event(e) || mouse_up_event(e)) && e.clicks == 3;
+}
+inline bool mouse_wheel_event(Event const& e) {
+    return EventPredicates::hasBits(e, EventCode::WheelBit);
+}
 // A wheel turn with Ctrl held.
-bool mouse_zoom_event(Event const& e);
-bool isKeyPressEvent(Event const& e);
-bool isKeyReleaseEvent(Event const& e);
-bool isMessageEvent(Event const& e);
-bool isTimerEvent(Event const& e);
+inline bool mouse_zoom_event(Event const& e) {
+    return mouse_wheel_event(e) && (e.key & KeyCodes::Ctrl) != 0;
+}
+inline bool isKeyPressEvent(Event const& e) {
+    return e.type == EventCode::KeyPress;
+}
+inline bool isKeyReleaseEvent(Event const& e) {
+    return e.type == EventCode::KeyRelease;
+}
+inline bool isMessageEvent(Event const& e) {
+    return e.type == EventCode::Message;
+}
+inline bool isTimerEvent(Event const& e) {
+    return (e.type & EventCode::Timer) != 0 && (e.type & 0x4000) == 0;
+}
 // The pointer has travelled 4 pixels or more from where the press began.
 bool isMouseMoveSignificant(Event const& e);
 

@@ -27,13 +27,21 @@ int buttonBit(int button) {
 
 } // namespace
 
+// Nothing has died since the last check: the widget is as live as it was then.
 Glob* GlobManager::Tracked::get() const {
-    return EventHandler::valid(glob, stamp) ? glob : nullptr;
+    unsigned long long removals = LiveObjects::removals();
+    if (removals == checkedAt)
+        return glob;
+    if (!EventHandler::valid(glob, stamp))
+        glob = nullptr;
+    checkedAt = removals;
+    return glob;
 }
 
 void GlobManager::Tracked::set(Glob* g) {
     glob = g;
     stamp = g != nullptr ? g->getIdStamp() : IdStamp::null();
+    checkedAt = LiveObjects::removals();
 }
 
 GlobManager& GlobManager::instance() {
@@ -327,11 +335,14 @@ int GlobManager::deliver(Glob* target, Event const& event, bool bubble) {
     Event e = event;
     while (target != nullptr) {
         IdStamp stamp = target->getIdStamp();
+        unsigned long long removals = LiveObjects::removals();
         e.canvas = target->canvas();
         ++handlerDepth_;
         int used = target->handleEvent(e);
         --handlerDepth_;
-        if (used || !bubble || !EventHandler::valid(target, stamp))
+        if (used || !bubble)
+            return used;
+        if (LiveObjects::removals() != removals && !EventHandler::valid(target, stamp))
             return used;
         Glob* up = target->parent();
         if (up == nullptr)
@@ -558,7 +569,8 @@ void GlobManager::dispatchWindowEvent(InputEvent const& input) {
 // Free functions
 
 Glob* canvas_to_glob(Canvas* canvas) {
-    return canvas != nullptr ? dynamic_cast<Glob*>(canvas->getClient()) : nullptr;
+    CanvasClient* client = canvas != nullptr ? canvas->getClient() : nullptr;
+    return client != nullptr ? client->asGlob() : nullptr;
 }
 
 Glob* getRootParent(Glob* glob) {

@@ -126,8 +126,9 @@ private:
     friend class GlobManagerAccess;
 
     struct Tracked {
-        Glob* glob = nullptr;
+        mutable Glob* glob = nullptr;
         IdStamp stamp = IdStamp::null();
+        mutable unsigned long long checkedAt = 0;
         Glob* get() const;
         void set(Glob* g);
     };

@@ -18,6 +18,7 @@ unsigned processTag() {
 }
 
 std::atomic<unsigned long long> stampCounter{0};
+std::atomic<unsigned long long> removalCounter{0};
 
 struct Registry {
     CriticalSection lock;
@@ -71,6 +72,11 @@ void remove(void const* object) {
     Registry& r = registry();
     CriticalSection::Lock hold(r.lock);
     r.live.erase(object);
+    removalCounter.fetch_add(1, std::memory_order_release);
+}
+
+unsigned long long removals() {
+    return removalCounter.load(std::memory_order_acquire);
 }
 
 bool isLive(void const* object) {

@@ -34,4 +34,7 @@ void add(void const* object, IdStamp const& stamp);
 void remove(void const* object);
 bool isLive(void const* object);
 bool isLive(void const* object, IdStamp const& stamp);
+// Counts removals. While it stands still, whatever was live is live still: a caller that noted it
+// before running foreign code may skip the lookup afterwards.
+unsigned long long removals();
 } // namespace LiveObjects
