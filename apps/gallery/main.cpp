@@ -95,6 +95,14 @@ int usage() {
     return 2;
 }
 
+// What a theme editor would offer: every key of the widget classes shown here.
+void registerThemeKeys() {
+    StandardPanel::registerUIThemeParams();
+    Button::registerUIThemeParams();
+    PushButton::registerUIThemeParams();
+    SettingsButton::registerUIThemeParams();
+}
+
 GalleryWindow* makeGallery(XY<int> const& screen) {
     XY<int> size(1200, 740);
     Glob::setupRootPos(
@@ -153,6 +161,7 @@ int runLive() {
 
 int main(int argc, char** argv) {
     std::string outputDir;
+    registerThemeKeys();
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--screenshot") == 0 && i + 1 < argc)
             outputDir = argv[++i];

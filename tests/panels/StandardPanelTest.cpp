@@ -1,5 +1,11 @@
 #include "panels/StandardPanel.h"
 
+#include "buttons/PinButton.h"
+#include "buttons/PootButton.h"
+#include "buttons/SettingsButton.h"
+#include "buttons/SizeButton.h"
+#include "buttons/TextLabel.h"
+
 #include "../glob/RecordingGlob.h"
 #include "FocusStop.h"
 #include "glib/Region.h"
@@ -157,6 +163,52 @@ TEST_F(Panels, PootDeletesThePanelAfterTheHandlerUnlessItRefuses) {
     EXPECT_TRUE(is_good_glob_ptr(goner));
     driver.processEvents();
     EXPECT_FALSE(is_good_glob_ptr(goner));
+}
+
+// Finds the child of the class among the panel's widgets.
+template <class T>
+T* childOf(Glob* panel) {
+    std::vector<Glob*> children;
+    panel->getChildren(children);
+    for (Glob* child : children)
+        if (auto* found = dynamic_cast<T*>(child))
+            return found;
+    return nullptr;
+}
+
+TEST_F(Panels, TheTitleRowButtonsPinFlipAndCloseThePanelWhenClicked) {
+    ProbePanel* panel = makePanel(Border(Border::Panel, 0, 15));
+    panel->addStandardWidgets(StandardPanel::Poot | StandardPanel::SizeFlip | StandardPanel::Pin |
+                              StandardPanel::Settings);
+    panel->setTitle(UIString(L"Layers"), UifStd::getTitleFont(), Redraw);
+    auto* pin = childOf<PinButton>(panel);
+    auto* size = childOf<SizeButton>(panel);
+    auto* settings = childOf<SettingsButton>(panel);
+    auto* title = childOf<TextLabel>(panel);
+    ASSERT_TRUE(pin && size && settings && title && childOf<PootButton>(panel));
+    EXPECT_EQ(title->getText(), L"Layers");
+    // Right to left along the top: close, size, pin, settings, all on the title row.
+    EXPECT_GT(size->getX(), pin->getX());
+    EXPECT_GT(pin->getX(), settings->getX());
+    EXPECT_EQ(size->getY(), pin->getY());
+
+    // A panel that cannot be moved starts pinned; the pin frees it and pins it again.
+    bool pinned = panel->isPinned();
+    EXPECT_EQ(pinned, !panel->isMovable());
+    driver.click(pin);
+    EXPECT_EQ(panel->isPinned(), !pinned);
+    EXPECT_EQ(panel->isMovable(), pinned);
+    driver.click(size);
+    EXPECT_EQ(panel->flips, 1);
+
+    panel->allowPoot = false;
+    PootButton* poot = childOf<PootButton>(panel);
+    driver.click(poot);
+    EXPECT_EQ(panel->poots, 1);
+    ASSERT_TRUE(is_good_glob_ptr(panel));
+    panel->allowPoot = true;
+    driver.click(poot);
+    EXPECT_FALSE(is_good_glob_ptr(panel));
 }
 
 TEST_F(Panels, AHandlerMayRequestTheDeletionOfItsOwnPanel) {

@@ -676,12 +676,13 @@ void Button::drawBorder() {
     unsigned corners = height() > UifStd::getWidgetGap() ? getCornerMask() : 0;
     Box face(0, 0, width(), height());
     if (style_ == Standard) {
-        if (raised_) {
+        // Where the highlight has the face's own colour it would change no pixel.
+        Colour highlight = getPalette().scale(getBackCol(), 1.2);
+        if (raised_ && highlight != getBackCol()) {
             int i = UifStd::getIndentWidth();
             Box shifted = state_ == up ? Box(face.x1 + i, face.y1 - i, face.x2 + i, face.y2 - i)
                                        : Box(face.x1 - i, face.y1 + i, face.x2 - i, face.y2 + i);
-            Glib::drawRoundedRectOutline(r, getPalette().scale(getBackCol(), 1.2), shifted, 2,
-                                         corners, 1);
+            Glib::drawRoundedRectOutline(r, highlight, shifted, 2, corners, 1);
         }
         Glib::drawRoundedRectOutline(r, edgeColour(), face, 2, corners, 1);
         return;

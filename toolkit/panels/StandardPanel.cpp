@@ -30,10 +30,6 @@ char const* const StandardPanel::screwdriverMsg = "screwdriver";
 
 namespace {
 
-bool isMapped(Glob const* g) {
-    return g != nullptr && g->canvas() != nullptr && g->canvas()->mapped;
-}
-
 bool startsWith(LightweightString<char> const& name, char const* prefix) {
     return name.startsWith(prefix);
 }
@@ -438,13 +434,15 @@ void StandardPanel::placeTopRightRow() {
     if (poot != nullptr)
         addChild(poot, TopRight(v + g, y), standardSurround());
     if (size != nullptr)
-        addChild(size, isMapped(poot) ? LeftOf(0, poot) : TopRight(b, y), standardSurround());
+        addChild(size, poot != nullptr ? LeftOf(0, poot) : TopRight(b, y), standardSurround());
     if (pin != nullptr) {
         Glob* before = size != nullptr ? size : poot;
         addChild(pin, before != nullptr ? LeftOf(0, before) : TopRight(v + g, y),
                  standardSurround());
     }
-    if ((flags & SettingsBits) && isMapped(settingsWidget_)) {
+    // Taking the widgets out unmapped them: what counts is whether the panel shows them. It
+    // hides only the settings widget, while small.
+    if ((flags & SettingsBits) && settingsWidget_ != nullptr && sizeState_ != SizeSmall) {
         Glob* before = pin != nullptr ? pin : size != nullptr ? size : poot;
         addChild(settingsWidget_, before != nullptr ? LeftOf(0, before) : TopRight(v, y),
                  standardSurround());
