@@ -44,15 +44,6 @@ void ButtonsPage::shown() {
     focused_->claimKbdFocus();
 }
 
-void ButtonsPage::drawWidgets() {
-    for (Label const& l : labels_)
-        if (l.heading)
-            text(l.text, l.at, UifStd::getSubheadingFont(), getPalette().subheadingText());
-        else
-            caption(l.text, l.at);
-    Glob::drawWidgets();
-}
-
 Button* ButtonsPage::addButton(wchar_t const* label, XY<int> const& at, int width) {
     PushButton::InitArgs args(UIString(label), WidgetCallback("sample"), (unsigned short)width);
     return createChild<PushButton>(args, BottomLeft(at.x, at.y - args.height));
@@ -60,15 +51,14 @@ Button* ButtonsPage::addButton(wchar_t const* label, XY<int> const& at, int widt
 
 // One row a style: up, down, inactive, latched down; the first standard one has the focus.
 void ButtonsPage::addStyleRows(XY<int> const& at) {
-    labels_.push_back({L"Styles and states", at, true});
+    addLabel(L"Styles and states", at, true);
     wchar_t const* states[] = {L"Up", L"Down", L"Inactive", L"Latched"};
     int x0 = at.x + 90;
     for (int s = 0; s < 4; ++s)
-        labels_.push_back(
-            {states[s], XY<int>(x0 + s * (sampleWidth + 2 * gap()), at.y - row()), false});
+        addLabel(states[s], XY<int>(x0 + s * (sampleWidth + 2 * gap()), at.y - row()), false);
     int y = at.y - row() - gap();
     for (StyleRow const& r : styleRows) {
-        labels_.push_back({r.name, XY<int>(at.x, y - gap()), false});
+        addLabel(r.name, XY<int>(at.x, y - gap()), false);
         for (int s = 0; s < 4; ++s) {
             Button* b =
                 addButton(r.name, XY<int>(x0 + s * (sampleWidth + 2 * gap()), y), sampleWidth);
@@ -95,7 +85,7 @@ void ButtonsPage::addStyleRows(XY<int> const& at) {
 
 // Latching, repeating and coloured edges, each with what it tells its owner.
 int ButtonsPage::addBehaviours(XY<int> const& at) {
-    labels_.push_back({L"Behaviour", at, true});
+    addLabel(L"Behaviour", at, true);
     int y = at.y - row() - gap();
     Button* latch = addButton(L"Latching", XY<int>(at.x, y), 110);
     latch->setLatching(true, true);
@@ -125,7 +115,7 @@ int ButtonsPage::addBehaviours(XY<int> const& at) {
 }
 
 void ButtonsPage::addIcons(XY<int> const& at) {
-    labels_.push_back({L"Icons", at, true});
+    addLabel(L"Icons", at, true);
     int y = at.y - row() - gap();
     int x = at.x;
     struct Sample {

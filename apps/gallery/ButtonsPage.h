@@ -17,16 +17,9 @@ public:
 
     wchar_t const* title() const override { return L"Buttons"; }
     char const* fileStem() const override { return "buttons"; }
-    void drawWidgets() override;
     void shown() override;
 
 private:
-    struct Label {
-        wchar_t const* text;
-        XY<int> at;
-        bool heading;
-    };
-
     void addStyleRows(XY<int> const& at);
     int addBehaviours(XY<int> const& at);
     void addIcons(XY<int> const& at);
@@ -35,7 +28,6 @@ private:
     int countRepeat(NotifyMsg const& msg);
     int noteLatch(NotifyMsg const& msg);
 
-    std::vector<Label> labels_;
     Button* focused_ = nullptr;
     TextLabel* repeatCount_ = nullptr;
     TextLabel* latchState_ = nullptr;

@@ -40,7 +40,7 @@ void CheckboxesPage::addAppearances(XY<int> const& at) {
     int const w = 150, step = w + 3 * gap;
     wchar_t const* columns[] = {L"Ticked", L"Clear", L"Ticked, inactive", L"Clear, inactive"};
     for (int c = 0; c < 4; ++c)
-        labels_.push_back({columns[c], XY<int>(at.x + c * step, at.y)});
+        addLabel(columns[c], XY<int>(at.x + c * step, at.y));
     int y = at.y - gap - rowHeight;
     for (Appearance const& a : appearances) {
         for (int c = 0; c < 4; ++c) {
@@ -57,7 +57,7 @@ void CheckboxesPage::addAppearances(XY<int> const& at) {
         }
         y -= rowHeight + gap;
     }
-    labels_.push_back({L"The clear square well holds the keyboard focus", XY<int>(at.x, y)});
+    addLabel(L"The clear square well holds the keyboard focus", XY<int>(at.x, y));
 }
 
 void CheckboxesPage::addChoices(XY<int> const& at) {
@@ -66,7 +66,7 @@ void CheckboxesPage::addChoices(XY<int> const& at) {
     int const w = 280;
     int y = at.y;
 
-    labels_.push_back({L"A set of round boxes: one choice", XY<int>(at.x, y)});
+    addLabel(L"A set of round boxes: one choice", XY<int>(at.x, y));
     CheckboxRadioSet::InitArgs choices({UIString(L"Fit to window"), UIString(L"Fill the window"),
                                         UIString(L"Actual size"), UIString(L"Stretch")},
                                        1, (unsigned short)w);
@@ -74,7 +74,7 @@ void CheckboxesPage::addChoices(XY<int> const& at) {
     createChild<CheckboxRadioSet>(choices, BottomLeft(at.x, y));
 
     y -= 7 * gap;
-    labels_.push_back({L"Radio buttons", XY<int>(at.x, y)});
+    addLabel(L"Radio buttons", XY<int>(at.x, y));
     RadioSet::InitArgs buttons({L"Left", L"Centre", L"Right"}, (unsigned short)w,
                                (unsigned short)(rowHeight + 2 * gap));
     buttons.selected = 1;
@@ -82,7 +82,7 @@ void CheckboxesPage::addChoices(XY<int> const& at) {
     createChild<RadioSet>(buttons, BottomLeft(at.x, y));
 
     y -= 7 * gap;
-    labels_.push_back({L"A group headed by a check box", XY<int>(at.x, y)});
+    addLabel(L"A group headed by a check box", XY<int>(at.x, y));
     int const rows = 2;
     CheckboxGroup::InitArgs group(UIString(L"Use a proxy server"), true, (unsigned short)w,
                                   (unsigned short)WidgetGroupEx::calcHeightForRows(
@@ -108,7 +108,5 @@ void CheckboxesPage::drawWidgets() {
         focusShown_ = true;
         focused_->claimKbdFocus();
     }
-    for (Label const& l : labels_)
-        caption(l.text, l.at);
-    Glob::drawWidgets();
+    GalleryPage::drawWidgets();
 }

@@ -21,11 +21,6 @@ private:
     void addAppearances(XY<int> const& at);
     void addChoices(XY<int> const& at);
 
-    struct Label {
-        wchar_t const* text;
-        XY<int> at;
-    };
-    std::vector<Label> labels_;
     Checkbox* focused_ = nullptr;
     bool focusShown_ = false;
 };

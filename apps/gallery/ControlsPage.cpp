@@ -34,17 +34,8 @@ ControlsPage::ControlsPage(GlobCreationInfo const& info) : GalleryPage(info) {
     addSwatches(XY<int>(left + 2 * columnWidth, y));
 }
 
-void ControlsPage::drawWidgets() {
-    for (Label const& l : labels_)
-        if (l.heading)
-            text(l.text, l.at, UifStd::getSubheadingFont(), getPalette().subheadingText());
-        else
-            caption(l.text, l.at);
-    Glob::drawWidgets();
-}
-
 int ControlsPage::captioned(wchar_t const* line, XY<int> const& at) {
-    labels_.push_back({line, at, false});
+    addLabel(line, at, false);
     return at.y - UifStd::getWidgetGap();
 }
 
@@ -55,7 +46,7 @@ Slider* ControlsPage::addSlider(XY<int> const& at, XY<int> const& size, double p
 }
 
 int ControlsPage::addSliders(XY<int> const& at) {
-    labels_.push_back({L"Sliders", at, true});
+    addLabel(L"Sliders", at, true);
     int y =
         captioned(L"Horizontal: drag, click, turn the wheel", XY<int>(at.x, at.y - sampleGap()));
     Slider* live = addSlider(XY<int>(at.x, y), XY<int>(sampleWidth, rowHeight()), 0.35);
@@ -101,7 +92,7 @@ void ControlsPage::showValue(double value) {
 }
 
 int ControlsPage::addGauges(XY<int> const& at) {
-    labels_.push_back({L"Gauges", at, true});
+    addLabel(L"Gauges", at, true);
     struct Sample {
         double measure;
         wchar_t const* text;
@@ -118,7 +109,7 @@ int ControlsPage::addGauges(XY<int> const& at) {
 }
 
 int ControlsPage::addLabels(XY<int> const& at) {
-    labels_.push_back({L"Labels", at, true});
+    addLabel(L"Labels", at, true);
     int y =
         captioned(L"Plain, and right-aligned in a fixed width", XY<int>(at.x, at.y - sampleGap()));
     createChild<TextLabel>(TextLabel::InitArgs(L"A plain label"),
@@ -150,7 +141,7 @@ int ControlsPage::addLabels(XY<int> const& at) {
 }
 
 int ControlsPage::addSwatches(XY<int> const& at) {
-    labels_.push_back({L"Colour swatches", at, true});
+    addLabel(L"Colour swatches", at, true);
     struct Sample {
         Colour colour;
         double alpha;

@@ -18,7 +18,6 @@ public:
     explicit ControlsPage(GlobCreationInfo const& info);
     wchar_t const* title() const override { return L"Controls"; }
     char const* fileStem() const override { return "controls"; }
-    void drawWidgets() override;
 
 private:
     // Each returns the y of the bottom of what it added.
@@ -31,12 +30,6 @@ private:
     // A caption over a sample whose top-left corner is at `at`; answers the sample's top.
     int captioned(wchar_t const* text, XY<int> const& at);
 
-    struct Label {
-        wchar_t const* text;
-        XY<int> at;
-        bool heading;
-    };
-    std::vector<Label> labels_;
     TextLabel* valueLabel_ = nullptr;
     FadingTextLabel* remark_ = nullptr;
 };

@@ -6,6 +6,8 @@
 #include "glib/CanvasRenderer.h"
 #include "glob/Glob.h"
 
+#include <vector>
+
 class GalleryPage : public Glob {
 public:
     using InitArgs = GlobCreationInfo;
@@ -25,6 +27,18 @@ protected:
               Glib::TextDescription::Alignment alignment = Glib::TextDescription::Left);
     // A caption in the interface font, above the top-left corner of a sample at `at`.
     void caption(wchar_t const* line, XY<int> const& at);
+    // A caption, or a heading in the subheading font, drawn with the page from now on.
+    void addLabel(wchar_t const* line, XY<int> const& at, bool heading = false);
+    // The labels, then the widgets.
+    void drawWidgets() override;
     CanvasRenderer& renderer() { return canvas()->renderer(); }
     int top() const { return height() - 20; }
+
+private:
+    struct Label {
+        wchar_t const* text;
+        XY<int> at;
+        bool heading;
+    };
+    std::vector<Label> labels_;
 };

@@ -76,14 +76,14 @@ void GroupsPage::addTitledGroups(int y) {
         args.separatorStyle = s.style;
         auto* group = createChild<WidgetGroupEx>(args, TopLeft(x, height() - y));
         fillWithFields(group, rows);
-        labels_.push_back({s.caption, XY<int>(x, y)});
+        addLabel(s.caption, XY<int>(x, y));
         x += groupWidth + margin;
     }
     auto* above = createChild<WidgetGroup3>(
         WidgetGroup::InitArgs(UIString(L"Margins"), groupWidth, (unsigned short)groupHeight),
         TopLeft(x, height() - y));
     fillWithFields(above, 2);
-    labels_.push_back({L"Title above its frame", XY<int>(x, y)});
+    addLabel(L"Title above its frame", XY<int>(x, y));
 }
 
 void GroupsPage::addFoldingGroup(XY<int> const& at) {
@@ -91,7 +91,7 @@ void GroupsPage::addFoldingGroup(XY<int> const& at) {
     args.autoResize = true;
     auto* group = createChild<MinimizableGroup>(args, TopLeft(at.x, height() - at.y));
     fillWithFields(group, 3);
-    labels_.push_back({L"Click the title row to fold", at});
+    addLabel(L"Click the title row to fold", at);
 }
 
 void GroupsPage::addLabelledFields(XY<int> const& at) {
@@ -108,7 +108,7 @@ void GroupsPage::addLabelledFields(XY<int> const& at) {
         titled->setShowSeparator(title == titles[1]);
         y += rowHeight + 4 + UifStd::getWidgetGap();
     }
-    labels_.push_back({L"Titles beside controls", at});
+    addLabel(L"Titles beside controls", at);
 }
 
 void GroupsPage::addFrames(XY<int> const& at) {
@@ -117,7 +117,7 @@ void GroupsPage::addFrames(XY<int> const& at) {
                              TopLeft(at.x, height() - at.y));
     createChild<DropIndicator>(GlobCreationInfo((unsigned short)side, (unsigned short)side),
                                TopLeft(at.x + side + margin, height() - at.y));
-    labels_.push_back({L"Frame and drop indicator", at});
+    addLabel(L"Frame and drop indicator", at);
 }
 
 void GroupsPage::addPanes(XY<int> const& at) {
@@ -134,7 +134,7 @@ void GroupsPage::addPanes(XY<int> const& at) {
                            OrientationVertical, (unsigned short)height),
         BottomLeft(panesBox_.x1, panesBox_.y1));
     placeSplitter(panesBox_.x1 + width / 3);
-    labels_.push_back({L"Drag the splitter between the panes", at});
+    addLabel(L"Drag the splitter between the panes", at);
 }
 
 void GroupsPage::placeSplitter(int x) {
@@ -165,16 +165,10 @@ void GroupsPage::addIndicator(XY<int> const& at) {
     createChild<ActionIndicator>(
         StandardPanel::InitArgs((unsigned short)side, (unsigned short)side),
         TopLeft(at.x, height() - at.y));
-    labels_.push_back({L"Busy", at});
+    addLabel(L"Busy", at);
 }
 
 // A shade darker than the groups, so that their frames show.
 void GroupsPage::drawBackground() {
     fillRect(face(), getPalette().window(WindowShadeDark));
-}
-
-void GroupsPage::drawWidgets() {
-    for (Label const& l : labels_)
-        caption(l.text, l.at);
-    Glob::drawWidgets();
 }

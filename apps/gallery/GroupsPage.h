@@ -35,7 +35,6 @@ public:
     wchar_t const* title() const override { return L"Groups"; }
     char const* fileStem() const override { return "groups"; }
     void drawBackground() override;
-    void drawWidgets() override;
 
 private:
     void addTitledGroups(int y);
@@ -49,11 +48,6 @@ private:
     // Puts the splitter's left edge at x (page coordinates) and fits the panes on either side.
     void placeSplitter(int x);
 
-    struct Label {
-        wchar_t const* text;
-        XY<int> at;
-    };
-    std::vector<Label> labels_;
     StandardPanel* leftPane_ = nullptr;
     StandardPanel* rightPane_ = nullptr;
     Splitter* splitter_ = nullptr;

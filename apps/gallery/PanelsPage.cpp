@@ -75,7 +75,7 @@ PanelsPage::PanelsPage(GlobCreationInfo const& info) : GalleryPage(info) {
         Border border(s.type, 0, Border::AllEdges);
         border.style = s.style;
         addPanel(at, XY<int>(w, h), border);
-        labels_.push_back({s.label, XY<int>(at.x, at.y + h + 6)});
+        addLabel(s.label, XY<int>(at.x, at.y + h + 6));
         if (++col == 3) {
             col = 0;
             ++row;
@@ -108,7 +108,7 @@ void PanelsPage::addForm(XY<int> const& at) {
         form->addChild(field, Glob::UserTopLeft(10, 10 + int(order) * 34));
         form->addTabStop(*field, order++);
     }
-    labels_.push_back({L"A form: Tab and Shift+Tab move the focus", XY<int>(at.x, at.y + 136)});
+    addLabel(L"A form: Tab and Shift+Tab move the focus", XY<int>(at.x, at.y + 136));
 }
 
 // A shade darker than the panels, so that their edges show.
@@ -120,7 +120,5 @@ void PanelsPage::drawWidgets() {
     // The form shows its focus on its first field when it is first seen.
     if (form_->getCurrentTabStopIndex() == TabOrderManager::None)
         form_->setTabStopFocus(0u);
-    for (Label const& l : labels_)
-        caption(l.text, l.at);
-    Glob::drawWidgets();
+    GalleryPage::drawWidgets();
 }

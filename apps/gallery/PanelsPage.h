@@ -37,10 +37,5 @@ private:
     StandardPanel* addPanel(XY<int> const& at, XY<int> const& size, Border const& border);
     void addForm(XY<int> const& at);
 
-    struct Label {
-        wchar_t const* text;
-        XY<int> at;
-    };
-    std::vector<Label> labels_;
     StandardPanel* form_ = nullptr;
 };

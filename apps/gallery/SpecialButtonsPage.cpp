@@ -43,15 +43,14 @@ void SpecialButtonsPage::addTitleRowButtons() {
     int step = s + gap;
     int x = 24;
     int y = rowY(0);
-    labels_.push_back({L"Title row, icon look: close, size, pin, settings", XY<int>(x, y + s)});
+    addLabel(L"Title row, icon look: close, size, pin, settings", XY<int>(x, y + s));
     createChild<PootButton>(PootButton::InitArgs(s, s), BottomLeft(x, y));
     createChild<SizeButton>(SizeButton::InitArgs(s, s), BottomLeft(x + step, y));
     createChild<PinButton>(PinButton::InitArgs(s, s), BottomLeft(x + 2 * step, y));
     createChild<SettingsButton>(SettingsButton::InitArgs(s, s), BottomLeft(x + 3 * step, y));
 
     x = 400;
-    labels_.push_back(
-        {L"Other look and pressed: close, size (full, small), pinned", XY<int>(x, y + s)});
+    addLabel(L"Other look and pressed: close, size (full, small), pinned", XY<int>(x, y + s));
     auto* poot = createChild<PootButton>(PootButton::InitArgs(s, s), BottomLeft(x, y));
     poot->setAppearance(PootButton::ConfiguredAppearance);
     createChild<SizeButton>(SizeButton::InitArgs(s, s, SizeButton::TextAppearance),
@@ -68,7 +67,7 @@ void SpecialButtonsPage::addSymbolButtons() {
     int step = s + UifStd::getWidgetGap();
     int x = 24;
     int y = rowY(1);
-    labels_.push_back({L"Symbol buttons: arrows, tick, inactive", XY<int>(x, y + s)});
+    addLabel(L"Symbol buttons: arrows, tick, inactive", XY<int>(x, y + s));
     QorTTF::eGlyph const glyphs[] = {QorTTF::LeftArrow, QorTTF::RightArrow, QorTTF::UpArrow,
                                      QorTTF::DownArrow, QorTTF::Tick};
     for (QorTTF::eGlyph glyph : glyphs) {
@@ -86,7 +85,7 @@ void SpecialButtonsPage::addSymbolButtons() {
     bordered->setCustomBorderColours(Colour(0.18, 0.48, 0.92), Colour(0.9, 0.3, 0.1));
 
     x = 400;
-    labels_.push_back({L"Favourites: not chosen, chosen", XY<int>(x, y + s)});
+    addLabel(L"Favourites: not chosen, chosen", XY<int>(x, y + s));
     Button::InitArgs star(UIString(), WidgetCallback("favourite"), s, s);
     createChild<FavouriteButton>(star, BottomLeft(x, y));
     auto* chosen = createChild<FavouriteButton>(star, BottomLeft(x + step, y));
@@ -98,8 +97,7 @@ void SpecialButtonsPage::addCycleButtons() {
     int gap = UifStd::getWidgetGap();
     int x = 24;
     int y = rowY(2);
-    labels_.push_back(
-        {L"Cycle buttons: click to step; coloured choices; inactive", XY<int>(x, y + h)});
+    addLabel(L"Cycle buttons: click to step; coloured choices; inactive", XY<int>(x, y + h));
     std::vector<UIString> speeds{UIString(L"Slow"), UIString(L"Normal"), UIString(L"Fast")};
     createChild<CycleButton>(CycleButton::InitArgs("speed", speeds, 110, h), BottomLeft(x, y));
     std::vector<UIString> lights{UIString(L"Stop"), UIString(L"Wait"), UIString(L"Go")};
@@ -119,7 +117,7 @@ void SpecialButtonsPage::addLinkAndCommandButtons() {
     int gap = UifStd::getWidgetGap();
     int x = 24;
     int y = rowY(3);
-    labels_.push_back({L"A link, a command button, titled buttons", XY<int>(x, y + h)});
+    addLabel(L"A link, a command button, titled buttons", XY<int>(x, y + h));
     createChild<LinkButton>(
         LinkButton::InitArgs(L"https://example.org/", UIString(L"Manual"), 110, h),
         BottomLeft(x, y));
@@ -133,10 +131,4 @@ void SpecialButtonsPage::addLinkAndCommandButtons() {
         TitleButton::InitArgs(L"Shape", UIString(L"Circle"), WidgetCallback("shape"), 200, h),
         BottomLeft(titledX + 200 + gap, y));
     dropDown->setHasDropDownAppearance(true);
-}
-
-void SpecialButtonsPage::drawWidgets() {
-    for (Label const& l : labels_)
-        caption(l.text, XY<int>(l.at.x, l.at.y + UifStd::getWidgetGap()));
-    Glob::drawWidgets();
 }

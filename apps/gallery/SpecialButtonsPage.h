@@ -12,7 +12,6 @@ public:
     explicit SpecialButtonsPage(GlobCreationInfo const& info);
     wchar_t const* title() const override { return L"Special buttons"; }
     char const* fileStem() const override { return "special-buttons"; }
-    void drawWidgets() override;
 
 private:
     // The y of the bottom of row `index`, counted from the top.
@@ -21,10 +20,4 @@ private:
     void addSymbolButtons();
     void addCycleButtons();
     void addLinkAndCommandButtons();
-
-    struct Label {
-        wchar_t const* text;
-        XY<int> at;
-    };
-    std::vector<Label> labels_;
 };

@@ -1,7 +1,7 @@
 #include "buttons/BoolRadioSet.h"
 
 #include "../support/DiagnosticCapture.h"
-#include "CheckboxProbe.h"
+#include "RecordingPanel.h"
 #include "glob/UifStd.h"
 #include "testing/UiTestDriver.h"
 
@@ -11,7 +11,7 @@ namespace {
 
 struct BoolSets : ::testing::Test {
     UiTestDriver driver;
-    ProbePanel* window = makeProbeWindow();
+    RecordingPanel* window = makeRecordingWindow();
     ValServer<bool> server{true};
     Qor::Ptr<ServerAdaptor<bool>> adaptor = Qor::makePtr<ServerAdaptor<bool>>(&server);
 

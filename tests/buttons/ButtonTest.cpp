@@ -1,5 +1,7 @@
 #include "buttons/Button.h"
 
+#include "RecordingPanel.h"
+
 #include "buttons/CustomBorderButton.h"
 #include "buttons/PushButton.h"
 #include "foundation/ButtonAdaptor.h"
@@ -20,26 +22,6 @@
 
 namespace {
 
-// The owner: a panel that notes the messages and mouse events that reach it.
-class OwnerPanel : public StandardPanel {
-public:
-    using StandardPanel::StandardPanel;
-
-    int handleMessageEvent(LightweightString<char> name, Glob* sender) override {
-        messages.push_back(name.c_str());
-        senders.push_back(sender);
-        return 1;
-    }
-    int handleMouseEvent(Event const& event) override {
-        mouseCodes.push_back(event.type);
-        return 1;
-    }
-
-    std::vector<std::string> messages;
-    std::vector<Glob*> senders;
-    std::vector<int> mouseCodes;
-};
-
 struct Told {
     std::string name;
     int flags;
@@ -48,11 +30,11 @@ struct Told {
 
 struct Buttons : ::testing::Test {
     UiTestDriver driver;
-    OwnerPanel* panel = nullptr;
+    RecordingPanel* panel = nullptr;
 
     void SetUp() override {
         Glob::setupRootPos({100, 100});
-        panel = new OwnerPanel(StandardPanel::InitArgs(400, 200));
+        panel = new RecordingPanel(StandardPanel::InitArgs(400, 200));
         GlobManager::instance().realize(panel);
         driver.processEvents();
     }
@@ -236,23 +218,10 @@ TEST_F(Buttons, AButtonAdaptorHearsClicksAndMayTakeMessages) {
 }
 
 TEST_F(Buttons, ALabelBoundToAServerFollowsItAndANewTextIsAskedOfIt) {
-    struct LabelAdaptor : ValAdaptorBase<LightweightString<wchar_t>>,
-                          ValClient<LightweightString<wchar_t>> {
-        explicit LabelAdaptor(ValServer<LightweightString<wchar_t>>* server) {
-            registerWith(server);
-        }
-        LightweightString<wchar_t> getDataValue() override { return getServerValue(); }
-        int requestSetNewDataValue(LightweightString<wchar_t> const& value,
-                                   DataChangeType) override {
-            setServerValue(value);
-            return 0;
-        }
-        void valChangedNtfy() override { setNewWidgetValue(getServerValue(), Redraw); }
-    };
     ValServer<LightweightString<wchar_t>> server(L"first");
     PushButton* a = makeButton();
     PushButton* b = makeButton();
-    auto adaptor = Qor::makePtr<LabelAdaptor>(&server);
+    auto adaptor = Qor::makePtr<ServerAdaptor<LightweightString<wchar_t>>>(&server);
     a->setDataAdaptor(adaptor);
     b->setDataAdaptor(adaptor);
     EXPECT_EQ(b->getWidgetValue(), L"first");

@@ -1,6 +1,6 @@
 #include "buttons/CheckboxGroup.h"
 
-#include "CheckboxProbe.h"
+#include "RecordingPanel.h"
 #include "glob/UifStd.h"
 #include "testing/UiTestDriver.h"
 
@@ -10,7 +10,7 @@ namespace {
 
 struct CheckboxGroups : ::testing::Test {
     UiTestDriver driver;
-    ProbePanel* window = makeProbeWindow();
+    RecordingPanel* window = makeRecordingWindow();
 
     CheckboxGroup* addGroup(bool state) {
         CheckboxGroup::InitArgs args(UIString(L"Proxy server"), state, 300, 160);

@@ -1,6 +1,6 @@
 #include "buttons/CheckboxRadioSet.h"
 
-#include "CheckboxProbe.h"
+#include "RecordingPanel.h"
 #include "buttons/CheckboxRadioSetManager.h"
 #include "glob/UifStd.h"
 #include "testing/UiTestDriver.h"
@@ -16,7 +16,7 @@ std::string const changed = CheckboxRadioSet::selectionChangedMsg;
 
 struct RadioSets : ::testing::Test {
     UiTestDriver driver;
-    ProbePanel* window = makeProbeWindow();
+    RecordingPanel* window = makeRecordingWindow();
 
     CheckboxRadioSet* addSet(int selected, int rows = 4) {
         std::vector<UIString> items;

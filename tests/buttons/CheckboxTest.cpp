@@ -1,6 +1,6 @@
 #include "buttons/Checkbox.h"
 
-#include "CheckboxProbe.h"
+#include "RecordingPanel.h"
 #include "glob/UifStd.h"
 #include "testing/UiTestDriver.h"
 
@@ -12,7 +12,7 @@ namespace {
 
 struct Checkboxes : ::testing::Test {
     UiTestDriver driver;
-    ProbePanel* window = makeProbeWindow();
+    RecordingPanel* window = makeRecordingWindow();
 
     Checkbox* addBox(XY<int> at = {20, 20}, bool state = false) {
         Checkbox::InitArgs args(UIString(L"Loop playback"), state, 160,

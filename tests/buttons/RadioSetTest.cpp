@@ -1,7 +1,7 @@
 #include "buttons/RadioSet.h"
 
 #include "../support/DiagnosticCapture.h"
-#include "CheckboxProbe.h"
+#include "RecordingPanel.h"
 #include "buttons/radio_button.h"
 #include "testing/UiTestDriver.h"
 
@@ -15,7 +15,7 @@ std::string const radioSetMsg = RadioSet::radioSetMsg;
 
 struct RadioButtons : ::testing::Test {
     UiTestDriver driver;
-    ProbePanel* window = makeProbeWindow({500, 300});
+    RecordingPanel* window = makeRecordingWindow({500, 300});
 
     RadioSet* addSet(int selected) {
         RadioSet::InitArgs args({L"Left", L"Centre", L"Right"}, 300, 30);

@@ -1,6 +1,7 @@
 #include "buttons/Slider.h"
 
-#include "foundation/ValueGlob.h"
+#include "RecordingPanel.h"
+
 #include "glob/GlobManager.h"
 #include "panels/StandardPanel.h"
 #include "support/DecimalCommaLocale.h"
@@ -14,20 +15,6 @@
 
 namespace {
 
-class OwnerPanel : public StandardPanel {
-public:
-    using StandardPanel::StandardPanel;
-
-    int handleMessageEvent(LightweightString<char> name, Glob* sender) override {
-        messages.push_back(name.c_str());
-        senders.push_back(sender);
-        return 1;
-    }
-
-    std::vector<std::string> messages;
-    std::vector<Glob*> senders;
-};
-
 struct Told {
     Slider::eEventType kind;
     double value;
@@ -37,14 +24,14 @@ struct Told {
 // The run of a 200-pixel slider is 6..194 with the standard measures: 188 pixels.
 struct Sliders : ::testing::Test {
     UiTestDriver driver;
-    OwnerPanel* owner = nullptr;
+    RecordingPanel* owner = nullptr;
     std::vector<Told> told;
     ValServer<double> server{0.5};
-    Qor::Ptr<ServerAdaptor> adaptor = Qor::makePtr<ServerAdaptor>(&server);
+    Qor::Ptr<ServerAdaptor<double>> adaptor = Qor::makePtr<ServerAdaptor<double>>(&server);
 
     void SetUp() override {
         Glob::setupRootPos({100, 100});
-        owner = new OwnerPanel(StandardPanel::InitArgs(400, 300));
+        owner = new RecordingPanel(StandardPanel::InitArgs(400, 300));
         GlobManager::instance().realize(owner);
         driver.processEvents();
     }

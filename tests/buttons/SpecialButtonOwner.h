@@ -1,8 +1,9 @@
 #pragma once
 
-// The owner of the buttons under test: a realized panel that notes the messages, poots, size flips
-// and senders that reach it, and makes buttons in itself as a host would.
+// The fixture of the special buttons: a realized recording panel that makes buttons in itself as a
+// host would.
 
+#include "RecordingPanel.h"
 #include "glob/GlobManager.h"
 #include "panels/StandardPanel.h"
 #include "testing/UiTestDriver.h"
@@ -11,28 +12,6 @@
 
 #include <string>
 #include <vector>
-
-class RecordingPanel : public StandardPanel {
-public:
-    using StandardPanel::StandardPanel;
-
-    int handleMessageEvent(LightweightString<char> name, Glob* sender) override {
-        messages.push_back(name.c_str());
-        senders.push_back(sender);
-        return 1;
-    }
-    int handlePoot() override {
-        ++poots;
-        return allowPoot ? 1 : 0;
-    }
-    void handleFlipSize() override { ++flips; }
-
-    std::vector<std::string> messages;
-    std::vector<Glob*> senders;
-    int poots = 0;
-    int flips = 0;
-    bool allowPoot = true;
-};
 
 struct SpecialButtons : ::testing::Test {
     UiTestDriver driver;

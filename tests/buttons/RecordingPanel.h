@@ -1,7 +1,7 @@
 #pragma once
 
-// Helpers for tests of check boxes and radio sets: a window panel that records the messages its
-// children send it, and an adaptor that binds value widgets to a ValServer.
+// What tests of buttons and check boxes stand on: a window panel that records what its children
+// tell it, and an adaptor that binds value widgets to a ValServer.
 
 #include "foundation/ValClient.h"
 #include "foundation/ValWidget.h"
@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-class ProbePanel : public StandardPanel {
+class RecordingPanel : public StandardPanel {
 public:
     using StandardPanel::StandardPanel;
 
@@ -30,25 +30,36 @@ public:
         lastData = data;
         return 1;
     }
+    // Mouse events that reached the panel unused; they go on as usual.
     int handleMouseEvent(Event const& event) override {
+        mouseCodes.push_back(event.type);
         if (mouse_wheel_event(event))
             ++wheels;
         return 0;
     }
+    int handlePoot() override {
+        ++poots;
+        return allowPoot ? 1 : 0;
+    }
+    void handleFlipSize() override { ++flips; }
 
     std::vector<std::string> messages;
     std::vector<std::string> dataMessages;
     std::vector<Glob*> senders;
     Qor::Ptr<iObject> lastData;
+    std::vector<int> mouseCodes;
     int wheels = 0;
+    int poots = 0;
+    int flips = 0;
+    bool allowPoot = true;
     std::function<void(std::string const&, Glob*)> onMessage;
 };
 
 // A realized window panel at (100, 100).
-inline ProbePanel* makeProbeWindow(XY<int> const& size = {400, 300}) {
+inline RecordingPanel* makeRecordingWindow(XY<int> const& size = {400, 300}) {
     Glob::setupRootPos({100, 100});
     auto* panel =
-        new ProbePanel(StandardPanel::InitArgs((unsigned short)size.x, (unsigned short)size.y));
+        new RecordingPanel(StandardPanel::InitArgs((unsigned short)size.x, (unsigned short)size.y));
     GlobManager::instance().realize(panel);
     return panel;
 }
