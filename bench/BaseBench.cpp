@@ -26,12 +26,12 @@ public:
     }
     void drawBackground() override {
         CanvasRenderer& r = canvas()->renderer();
-        Glib::drawRoundedRect(r, palette_.window(WindowShadeLight),
-                              palette_.window(WindowShadeDark), face(), 2, 15, 1);
+        Glib::drawRoundedRect(r, getPalette().window(WindowShadeLight),
+                              getPalette().window(WindowShadeDark), face(), 2, 15, 1);
         Glib::TextDescription t;
         t.text = label_;
         t.font = font_;
-        t.colour = fromColour(palette_.text());
+        t.colour = fromColour(getPalette().text());
         t.origin = XY<int>(6, getFontYOffset(height(), font_));
         r.renderPrimitive(t);
     }

@@ -8,7 +8,7 @@
 
 GalleryWindow::GalleryWindow(XY<int> const& size)
     : Glob(GlobCreationInfo((unsigned short)size.x, (unsigned short)size.y)) {
-    palette_ = UifStd::getColourScheme();
+    setPalette(UifStd::getColourScheme());
 }
 
 int GalleryWindow::tabHeight() const {

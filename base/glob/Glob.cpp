@@ -66,7 +66,8 @@ WidgetPosition relative(eWidgetRelativity relativity, int gap, Glob* sibling,
 CanvasClient::TooltipDetails CanvasClient::getTooltipDetails(XY<int> const& rootPos,
                                                              CanvasClient*) {
     TooltipDetails details;
-    details.text = tooltip_;
+    if (texts_)
+        details.text = texts_->tooltip;
     details.position = rootPos;
     return details;
 }
@@ -80,12 +81,11 @@ void CanvasClient::handleMouseContainment(bool inside) {
 }
 
 UIString CanvasClient::contextString(XY<int> const&, CanvasClient*) {
-    return help_;
+    return texts_ ? texts_->help : UIString();
 }
 
 void CanvasClient::setContextString(UIString const& help, UIString const& tooltip) {
-    help_ = help;
-    tooltip_ = tooltip;
+    texts_ = std::make_unique<HelpTexts>(HelpTexts{help, tooltip});
 }
 
 // Drawable
@@ -155,7 +155,7 @@ Glob::Glob(unsigned short w, unsigned short h, bool lightweight, Canvas* canvas)
 void Glob::init(GlobCreationInfo const& info) {
     width_ = oldWidth_ = info.width;
     height_ = oldHeight_ = info.height;
-    palette_ = info.palette;
+    palette_ = sharedPalette(info.palette);
     lightweight_ = info.lightweight;
     cookie_ = ++cookies;
     GlobManager::instance().registerGlob(this);
@@ -217,6 +217,14 @@ void Glob::destroyChildren() {
 }
 
 // Events
+
+std::shared_ptr<Palette const> Glob::sharedPalette(Palette const& palette) {
+    // Widgets are made on the interface thread; a run of children shares its parent's colours.
+    static std::shared_ptr<Palette const> last;
+    if (!last || !(*last == palette))
+        last = std::make_shared<Palette const>(palette);
+    return last;
+}
 
 int Glob::fsFilterThis(Event const&, void*) {
     return 0;
@@ -650,7 +658,7 @@ void Glob::setOpacity(double opacity) {
 }
 
 void Glob::setCol(Colour const& colour, bool redraw) {
-    palette_ = makeWindowPalette(palette_, colour);
+    palette_ = sharedPalette(makeWindowPalette(*palette_, colour));
     if (redraw)
         update();
 }

@@ -170,8 +170,12 @@ protected:
     bool mouseInside_ = false;
 
 private:
-    UIString help_;
-    UIString tooltip_;
+    // Few widgets have texts of their own, so they are kept apart.
+    struct HelpTexts {
+        UIString help;
+        UIString tooltip;
+    };
+    std::unique_ptr<HelpTexts> texts_;
     MouseCursorID defaultCursor_ = CursorArrow;
 };
 
@@ -308,7 +312,7 @@ public:
     virtual long get_glob_cookie() const { return cookie_; }
     // The part of the widget free for content; face() by default.
     virtual Box getUserArea() const;
-    virtual void setPalette(Palette const& palette) { palette_ = palette; }
+    virtual void setPalette(Palette const& palette) { palette_ = sharedPalette(palette); }
     // Sets the window colour; true redraws.
     virtual void setCol(Colour const& colour, bool redraw);
     virtual void setSizeState(eSizeState state);
@@ -391,8 +395,8 @@ public:
     bool isResizable() const { return resizable_; }
     Canvas* canvas() const { return canvas_.get(); }
     UIAppearanceSettings const& theme() const;
-    Palette const& getPalette() const { return palette_; }
-    Colour getCol() const { return palette_.window(WindowShadeBase); }
+    Palette const& getPalette() const { return *palette_; }
+    Colour getCol() const { return palette_->window(WindowShadeBase); }
     void setLogicalParent(Glob* logicalParent);
     Glob* getLogicalParent() const;
     Glob* findNearestGlob(bool (*predicate)(Glob*)) const;
@@ -451,7 +455,8 @@ protected:
     // Size fields as stored; resize() keeps the old ones.
     void setSizeFields(unsigned short w, unsigned short h);
 
-    Palette palette_;
+    // Shared: most widgets have their parent's colours, and a palette is large.
+    std::shared_ptr<Palette const> palette_;
     bool active_ = true;
     unsigned short width_ = 0;
     unsigned short height_ = 0;
@@ -461,6 +466,8 @@ protected:
 
 private:
     void init(GlobCreationInfo const& info);
+    // The palette held for equal ones, the last one given most often.
+    static std::shared_ptr<Palette const> sharedPalette(Palette const& palette);
     void destroyChildren();
     void keepSiblingsInPlace(Glob* parent);
     void forwardToHandlers(Event const& event, int& used);
@@ -509,7 +516,7 @@ template <class T>
 T* Glob::createChild(typename T::InitArgs args, WidgetPosition const& position,
                      WidgetSurround surround) {
     args.canvas = canvas();
-    args.palette = palette_;
+    args.palette = *palette_;
     if (args.width == 0)
         args.width = (unsigned short)getUserArea().width();
     T* child = new T(args);
