@@ -7,7 +7,7 @@ packages=(
     # Toolchain.
     cmake g++ make pkg-config ccache
     # Drawing, text, fonts, icons and windows.
-    libcairo2-dev libpango1.0-dev libfontconfig-dev librsvg2-bin libx11-dev libxext-dev
+    libcairo2-dev libpango1.0-dev libharfbuzz-dev libfontconfig-dev librsvg2-bin libx11-dev libxext-dev
     fonts-dejavu-core
     # Libraries the code uses.
     libloki-dev nlohmann-json3-dev

@@ -87,5 +87,9 @@ std::shared_ptr<ShapedText const> LoadedFont::shape(LightweightString<wchar_t> c
     ShapedText::Options options;
     options.symbols = symbols_;
     options.underline = (desc_.style & Glib::FontDesc::Underline) != 0;
-    return shapes_.insert(text, std::make_shared<ShapedText const>(text, face_, options));
+    if (!plainTried_) {
+        plainTried_ = true;
+        plain_ = PlainShaper::make(face_);
+    }
+    return shapes_.insert(text, std::make_shared<ShapedText const>(text, face_, options, plain_));
 }

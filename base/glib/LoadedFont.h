@@ -7,6 +7,7 @@
 
 #include "glib/BoundedCache.h"
 #include "glib/Font.h"
+#include "glib/PlainShaper.h"
 
 #include <memory>
 
@@ -40,4 +41,7 @@ private:
     int descent_ = 0;
     mutable BoundedCache<LightweightString<wchar_t>, int> widths_;
     mutable BoundedCache<LightweightString<wchar_t>, Shape> shapes_;
+    // Made on first use: a font that is only measured in full never needs it.
+    mutable std::shared_ptr<PlainShaper const> plain_;
+    mutable bool plainTried_ = false;
 };

@@ -4,6 +4,7 @@
 #include "glib/TextEngine.h"
 
 #include <algorithm>
+#include <cmath>
 #include <pango/pangocairo.h>
 #include <string>
 
@@ -34,9 +35,20 @@ int charAtByte(std::vector<int> const& starts, int byte) {
 } // namespace
 
 ShapedText::ShapedText(LightweightString<wchar_t> const& text, PangoFontDescription const* font,
-                       Options options) {
+                       Options options, std::shared_ptr<PlainShaper const> const& plain) {
     CriticalSection::Lock hold(TextEngine::lock());
     std::string utf8 = encode(text, options.symbols, bytes_);
+    if (plain && !options.symbols && !options.underline && PlainShaper::accepts(utf8) &&
+        shapePlain(utf8, *plain)) {
+        utf8_ = std::move(utf8);
+        plain_ = plain;
+        return;
+    }
+    layOut(utf8, font, options);
+}
+
+void ShapedText::layOut(std::string const& utf8, PangoFontDescription const* font,
+                        Options options) {
     layout_ = pango_layout_new(TextEngine::context());
     // One line always: a line break in the text shows as a glyph rather than starting a new line.
     pango_layout_set_single_paragraph_mode(layout_, TRUE);
@@ -53,11 +65,71 @@ ShapedText::ShapedText(LightweightString<wchar_t> const& text, PangoFontDescript
     glyphsOnly_ = !options.underline && collectGlyphs();
 }
 
+PangoLayout* ShapedText::layout() const {
+    if (layout_ == nullptr) {
+        layout_ = pango_layout_new(TextEngine::context());
+        pango_layout_set_single_paragraph_mode(layout_, TRUE);
+        pango_layout_set_font_description(layout_, plain_->description());
+        pango_layout_set_text(layout_, utf8_.data(), static_cast<int>(utf8_.size()));
+    }
+    return layout_;
+}
+
+bool ShapedText::shapePlain(std::string const& utf8, PlainShaper const& plain) {
+    PlainShaper::Result shaped;
+    if (!plain.shape(utf8, shaped))
+        return false;
+    width_ = PANGO_PIXELS_CEIL(shaped.width);
+    baseline_ = plain.baseline();
+    findPlainCarets(shaped.glyphs);
+    runs_.push_back(GlyphRun{cairo_scaled_font_reference(plain.scaledFont()), {}, {}, {}});
+    GlyphRun& run = runs_.back();
+    std::vector<cairo_glyph_t> glyphs;
+    for (PlainShaper::Glyph const& g : shaped.glyphs) {
+        run.indexes.push_back(g.index);
+        run.xs.push_back(double(g.x) / PANGO_SCALE);
+        run.ys.push_back(double(g.yOffset) / PANGO_SCALE);
+        glyphs.push_back(cairo_glyph_t{g.index, run.xs.back(), run.ys.back()});
+    }
+    cairo_text_extents_t ink;
+    cairo_scaled_font_glyph_extents(plain.scaledFont(), glyphs.data(), int(glyphs.size()), &ink);
+    if (ink.width > 0 && ink.height > 0)
+        ink_ = Box(int(std::floor(ink.x_bearing)), int(std::floor(-(ink.y_bearing + ink.height))),
+                   int(std::ceil(ink.x_bearing + ink.width)), int(std::ceil(-ink.y_bearing)));
+    glyphsOnly_ = true;
+    return true;
+}
+
+// Each character of a cluster (a ligature) takes an equal share of its advance.
+void ShapedText::findPlainCarets(std::vector<PlainShaper::Glyph> const& glyphs) {
+    int count = static_cast<int>(bytes_.size()) - 1;
+    std::vector<int> advance(static_cast<std::size_t>(count) + 1, 0);
+    std::vector<bool> starts(static_cast<std::size_t>(count) + 1, false);
+    for (PlainShaper::Glyph const& g : glyphs) {
+        advance[g.cluster] += g.advance;
+        starts[g.cluster] = true;
+    }
+    starts[count] = true;
+    carets_.assign(static_cast<std::size_t>(count) + 1, 0);
+    int x = 0;
+    for (int c = 0; c < count;) {
+        int end = c + 1;
+        while (!starts[end])
+            ++end;
+        for (int k = c; k < end; ++k)
+            carets_[k] = PANGO_PIXELS(x + advance[c] * (k - c) / (end - c));
+        x += advance[c];
+        c = end;
+    }
+    carets_[count] = PANGO_PIXELS(x);
+}
+
 ShapedText::~ShapedText() {
     CriticalSection::Lock hold(TextEngine::lock());
     for (GlyphRun& run : runs_)
         cairo_scaled_font_destroy(run.font);
-    g_object_unref(layout_);
+    if (layout_ != nullptr)
+        g_object_unref(layout_);
 }
 
 bool ShapedText::collectGlyphs() {

@@ -4,6 +4,7 @@
 // character's leading edge, which seeking, hit-testing and selections read. Character indexes are
 // those of the wide text; the layout itself counts UTF-8 bytes.
 
+#include "glib/PlainShaper.h"
 #include "qor/Box.h"
 #include "qor/LightweightString.h"
 
@@ -22,14 +23,15 @@ public:
         bool underline = false;
     };
 
+    // With a plain shaper, plain text is shaped without a layout, which is made only if asked for.
     ShapedText(LightweightString<wchar_t> const& text, PangoFontDescription const* font,
-               Options options);
+               Options options, std::shared_ptr<PlainShaper const> const& plain = {});
     ~ShapedText();
     ShapedText(ShapedText const&) = delete;
     ShapedText& operator=(ShapedText const&) = delete;
 
     // For drawing; use it under TextEngine's lock.
-    PangoLayout* layout() const { return layout_; }
+    PangoLayout* layout() const;
     int length() const { return static_cast<int>(carets_.size()) - 1; }
     // Pixels.
     int width() const { return width_; }
@@ -55,13 +57,19 @@ private:
         std::vector<unsigned long> indexes;
     };
 
+    void layOut(std::string const& utf8, PangoFontDescription const* font, Options options);
+    bool shapePlain(std::string const& utf8, PlainShaper const& plain);
+    void findPlainCarets(std::vector<PlainShaper::Glyph> const& glyphs);
     void measureLayout();
     void findCarets();
     // Keeps the shaped glyphs so that drawing skips the layout machinery; false when the text
     // needs more than glyphs (an underline, a glyph the fonts lack).
     bool collectGlyphs();
 
-    PangoLayout* layout_ = nullptr;
+    mutable PangoLayout* layout_ = nullptr;
+    // What a layout is made from later, for plain text.
+    std::string utf8_;
+    std::shared_ptr<PlainShaper const> plain_;
     int width_ = 0;
     int baseline_ = 0;
     std::vector<int> carets_;

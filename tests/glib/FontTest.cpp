@@ -166,3 +166,26 @@ TEST(FontLocate, PicksTheNearerEdgeAndClamps) {
 }
 
 } // namespace
+
+// Plain text is shaped without a paragraph layout; an underlined font always takes the layout, and
+// an underline moves no glyph, so the two must agree on every advance and caret.
+TEST(FontShaping, PlainTextShapedDirectlyMatchesTheFullLayout) {
+    std::vector<std::wstring> const samples = {L"B1234",         L"AVAVA To Wa", L"office fluffy",
+                                               L"Hello, World!", L"(x+y)*z/2~",  L"  spaced  ",
+                                               L"ij.:;'\"`^"};
+    for (unsigned short size : {9, 16, 23})
+        for (unsigned style :
+             {0u, unsigned(Glib::FontDesc::Bold), unsigned(Glib::FontDesc::Italic)}) {
+            Qor::Ptr<iFont> plain = defaultFont(size, style);
+            Qor::Ptr<iFont> laidOut = defaultFont(size, style | Glib::FontDesc::Underline);
+            for (std::wstring const& sample : samples) {
+                Text text(sample.c_str());
+                SCOPED_TRACE(testing::Message()
+                             << "size " << size << " style " << style << " \""
+                             << std::string(sample.begin(), sample.end()) << "\"");
+                EXPECT_EQ(plain->measure(text).x, laidOut->measure(text).x);
+                for (int i = 0; i <= int(sample.size()); ++i)
+                    EXPECT_EQ(caretX(plain, text, i), caretX(laidOut, text, i)) << "caret " << i;
+            }
+        }
+}
