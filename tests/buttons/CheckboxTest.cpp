@@ -1,5 +1,7 @@
 #include "buttons/Checkbox.h"
 
+#include "buttons/Slider.h"
+
 #include "RecordingPanel.h"
 #include "glob/UifStd.h"
 #include "testing/UiTestDriver.h"
@@ -303,4 +305,39 @@ TEST_F(Checkboxes, TheTickSitsAtTheChosenSideAndOnlyATickedBoxShowsIt) {
     box->setAppearance(Checkbox::NoBoxNoTick);
     driver.processEvents();
     EXPECT_EQ(darkPixels(), 0);
+}
+
+// A host's value: a level that a check box shows as on (above zero) or off, and a slider shows as
+// it is. Both widgets reach the one server through adaptors; neither knows of the other.
+TEST_F(Checkboxes, ACheckboxAndASliderOnOneServerShowTheSameValueAfterEitherIsUsed) {
+    struct LevelAdaptor : ValAdaptorBase<bool>, ValClient<double> {
+        explicit LevelAdaptor(ValServer<double>* server) { registerWith(server); }
+        bool getDataValue() override { return getServerValue() > 0.0; }
+        int requestSetNewDataValue(bool const& on, DataChangeType) override {
+            setServerValue(on ? 1.0 : 0.0);
+            return 1;
+        }
+        void valChangedNtfy() override { setNewWidgetValue(getDataValue(), Redraw); }
+    };
+    ValServer<double> level(0.0);
+    Checkbox* box = addBox();
+    box->setDataAdaptor(Qor::makePtr<LevelAdaptor>(&level));
+    auto* slider = window->createWidget<Slider>(
+        Slider::InitArgs(200, (unsigned short)UifStd::getRowHeight()), Glob::BottomLeft(20, 80));
+    slider->setDataAdaptor(Qor::makePtr<ServerAdaptor<double>>(&level));
+    slider->update();
+
+    driver.click(box, inside(box));
+    EXPECT_EQ(level.getValue(), 1.0);
+    EXPECT_EQ(slider->getWidgetValue(), 1.0);
+
+    int y = slider->height() / 2;
+    driver.drag(slider, {int(slider->v2x(1.0)), y}, {int(slider->getStartPixel()), y});
+    EXPECT_EQ(level.getValue(), 0.0);
+    EXPECT_FALSE(box->getState());
+
+    driver.drag(slider, {int(slider->getStartPixel()), y}, {int(slider->v2x(0.5)), y});
+    EXPECT_GT(level.getValue(), 0.4);
+    EXPECT_TRUE(box->getState());
+    EXPECT_EQ(slider->getWidgetValue(), level.getValue());
 }

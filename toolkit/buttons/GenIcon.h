@@ -65,3 +65,11 @@ private:
     Qor::Ptr<iHostImage> image_;
     XY<int> pickedPos_;
 };
+
+// The base for icons that applications specialise; it is a GenIcon under its own class name.
+class GenIconDerivative : public GenIcon {
+public:
+    using GenIcon::GenIcon;
+
+    char const* idstring() const override { return "GenIconDerivative"; }
+};
