@@ -588,7 +588,11 @@ Qor::Ptr<iHostImage> Button::getInactiveIcon() {
 
 void Button::drawBackground() {
     CanvasRenderer& r = canvas()->renderer();
-    if (style_ != Custom)
+    // A standard face and its edge are one picture, kept by size and colours: a form copies it.
+    if (style_ == Standard)
+        Glib::drawRoundedRect(r, getBackCol(), edgeColour(), Box(0, 0, width(), height()), 2,
+                              edgeCorners(), 1);
+    else if (style_ != Custom)
         fillRect(Box(0, 0, width(), height()), getBackCol());
     if (currentIcon_) {
         Glib::ImageDescription picture;
@@ -671,9 +675,15 @@ void Button::drawIndicator(Qor::Ptr<iFont> const&, int textX, int textWidth) {
     canvas()->renderer().renderPrimitive(picture);
 }
 
+// Rounded corners only where the face is taller than a gap.
+unsigned Button::edgeCorners() const {
+    return height() > UifStd::getWidgetGap() ? getCornerMask() : 0;
+}
+
+// The edge of a standard face came with its picture; the raised outline lies over the face's
+// inner side, clear of the edge, so it may follow it.
 void Button::drawBorder() {
     CanvasRenderer& r = canvas()->renderer();
-    unsigned corners = height() > UifStd::getWidgetGap() ? getCornerMask() : 0;
     Box face(0, 0, width(), height());
     if (style_ == Standard) {
         // Where the highlight has the face's own colour it would change no pixel.
@@ -682,9 +692,8 @@ void Button::drawBorder() {
             int i = UifStd::getIndentWidth();
             Box shifted = state_ == up ? Box(face.x1 + i, face.y1 - i, face.x2 + i, face.y2 - i)
                                        : Box(face.x1 - i, face.y1 + i, face.x2 - i, face.y2 + i);
-            Glib::drawRoundedRectOutline(r, highlight, shifted, 2, corners, 1);
+            Glib::drawRoundedRectOutline(r, highlight, shifted, 2, edgeCorners(), 1);
         }
-        Glib::drawRoundedRectOutline(r, edgeColour(), face, 2, corners, 1);
         return;
     }
     if ((style_ == MenuStyle || style_ == TreeStyle) && latching_ != NotLatching && state_ == down)

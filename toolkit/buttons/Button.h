@@ -155,6 +155,7 @@ protected:
     int reactToMessage(Event const& event);
     void synthesiseClick();
     void dropCachedImages();
+    unsigned edgeCorners() const;
     void drawIndicator(Qor::Ptr<iFont> const& font, int textX, int textWidth);
 
 private:
