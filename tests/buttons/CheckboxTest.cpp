@@ -16,8 +16,8 @@ struct Checkboxes : ::testing::Test {
     UiTestDriver driver;
     RecordingPanel* window = makeRecordingWindow();
 
-    Checkbox* addBox(XY<int> at = {20, 20}, bool state = false) {
-        Checkbox::InitArgs args(UIString(L"Loop playback"), state, 160,
+    Checkbox* addBox(XY<int> at = {20, 20}) {
+        Checkbox::InitArgs args(UIString(L"Loop playback"), false, 160,
                                 (unsigned short)UifStd::getRowHeight());
         auto* box = window->createWidget<Checkbox>(args, Glob::BottomLeft(at));
         box->update();
@@ -39,60 +39,43 @@ XY<int> centreOf(Box const& b) {
 
 // Telling the owner
 
-TEST_F(Checkboxes, ClicksTickAndClearTheBoxAndTellTheParentWhichItIs) {
+TEST_F(Checkboxes, ClicksAndKeysToggleAnActiveBoxAndTellTheParentButSetStateTellsNobody) {
     Checkbox* box = addBox();
     driver.click(box, inside(box));
     EXPECT_TRUE(box->getState());
     driver.click(box, inside(box));
     EXPECT_FALSE(box->getState());
-    EXPECT_EQ(window->messages, (std::vector<std::string>{"Checkbox TICKED", "Checkbox CLEAR"}));
-    EXPECT_EQ(window->senders, (std::vector<Glob*>{box, box}));
-}
-
-TEST_F(Checkboxes, SpaceAndReturnToggleTheFocusedBoxButNotAnInactiveOne) {
-    Checkbox* box = addBox();
     box->claimKbdFocus();
     driver.keyPress(KeyCodes::Space);
     driver.keyPress(KeyCodes::Return);
-    EXPECT_EQ(window->messages, (std::vector<std::string>{"Checkbox TICKED", "Checkbox CLEAR"}));
+    EXPECT_EQ(window->messages, (std::vector<std::string>{"Checkbox TICKED", "Checkbox CLEAR",
+                                                          "Checkbox TICKED", "Checkbox CLEAR"}));
+    EXPECT_EQ(window->senders, (std::vector<Glob*>(4, box)));
 
     box->setActive(false, Redraw);
     driver.keyPress(KeyCodes::Space);
     driver.click(box, inside(box));
+    box->setActive(true, Redraw);
+    box->setClicksEnabled(false);
+    driver.click(box, inside(box));
     EXPECT_FALSE(box->getState());
-    EXPECT_EQ(window->messages.size(), 2u);
+
+    box->setBoldWhenTicked(true);
+    box->setState(true, false);
+    EXPECT_EQ(box->getFont().style & Glib::FontDesc::Bold, unsigned(Glib::FontDesc::Bold));
+    box->setState(false, true);
+    EXPECT_EQ(box->getFont().style & Glib::FontDesc::Bold, 0u);
+    EXPECT_EQ(window->messages.size(), 4u);
 }
 
-TEST_F(Checkboxes, APrefixWithoutTheStateIsSentAlone) {
+TEST_F(Checkboxes, APrefixGoesAloneOrWithTheStateAndAMessageNameOrCallbackCarriesTheChange) {
     Checkbox* box = addBox();
     box->setMsgPrefix("loop", false);
     driver.click(box, inside(box));
     box->setMsgPrefix("loop ", true);
     driver.click(box, inside(box));
     EXPECT_EQ(window->messages, (std::vector<std::string>{"loop", "loop CLEAR"}));
-}
 
-TEST_F(Checkboxes, ACallbackHearsTheNewStateAndTheBoxInsteadOfTheParent) {
-    Checkbox* box = addBox();
-    std::vector<std::pair<std::string, bool>> heard;
-    Checkbox* sender = nullptr;
-    box->setCallback(Qor::makeCallback<NotifyMsg>([&](NotifyMsg const& msg) {
-                         auto change = Qor::dynamic_ptr_cast<Checkbox::Change>(msg.getData());
-                         heard.emplace_back(msg.getName().c_str(), change->newState);
-                         sender = change->sender;
-                         return 0;
-                     }),
-                     "loopChanged");
-    driver.click(box, inside(box));
-    driver.click(box, inside(box));
-    EXPECT_EQ(heard, (std::vector<std::pair<std::string, bool>>{{"loopChanged", true},
-                                                                {"loopChanged", false}}));
-    EXPECT_EQ(sender, box);
-    EXPECT_TRUE(window->messages.empty());
-}
-
-TEST_F(Checkboxes, AMessageNameWithoutACallbackGoesAsADataMessageWithTheChange) {
-    Checkbox* box = addBox();
     box->setMessage("loopChanged");
     driver.click(box, inside(box));
     ASSERT_EQ(window->dataMessages, (std::vector<std::string>{"loopChanged"}));
@@ -101,6 +84,22 @@ TEST_F(Checkboxes, AMessageNameWithoutACallbackGoesAsADataMessageWithTheChange) 
     EXPECT_TRUE(change->newState);
     EXPECT_EQ(change->sender, box);
     EXPECT_EQ(window->senders.back(), box);
+
+    std::vector<std::pair<std::string, bool>> heard;
+    Checkbox* sender = nullptr;
+    box->setCallback(Qor::makeCallback<NotifyMsg>([&](NotifyMsg const& msg) {
+                         auto change = Qor::dynamic_ptr_cast<Checkbox::Change>(msg.getData());
+                         heard.emplace_back(msg.getName().c_str(), change->newState);
+                         sender = change->sender;
+                         return 0;
+                     }),
+                     "heard");
+    driver.click(box, inside(box));
+    driver.click(box, inside(box));
+    EXPECT_EQ(heard,
+              (std::vector<std::pair<std::string, bool>>{{"heard", false}, {"heard", true}}));
+    EXPECT_EQ(sender, box);
+    EXPECT_EQ(window->messages.size() + window->dataMessages.size(), 3u);
 }
 
 TEST_F(Checkboxes, AUserFunctionTakesTheClickOverAndTheStateStays) {
@@ -119,136 +118,94 @@ TEST_F(Checkboxes, AUserFunctionTakesTheClickOverAndTheStateStays) {
 TEST_F(Checkboxes, TheMessageGenerationChoosesPressReleaseOrNeither) {
     struct Case {
         Checkbox::eMsgGeneration generation;
-        bool afterPress;
-        bool afterRelease;
-    } const cases[] = {
-        {Checkbox::OnMouseDown, true, true},
-        {Checkbox::OnMouseUp, false, true},
-        {Checkbox::Never, false, false},
-    };
-    int x = 20;
+        bool afterPress, afterRelease;
+    } const cases[] = {{Checkbox::OnMouseDown, true, true},
+                       {Checkbox::OnMouseUp, false, true},
+                       {Checkbox::Never, false, false}};
     for (Case const& c : cases) {
-        Checkbox* box = addBox({x, 20});
-        x += 170;
+        SCOPED_TRACE(c.generation);
+        Checkbox* box = addBox({20 + 170 * int(&c - cases), 20});
         box->setMessageGeneration(c.generation);
         driver.mouseMove(box, inside(box));
         driver.mouseDown(box, inside(box));
-        EXPECT_EQ(box->getState(), c.afterPress) << c.generation;
+        EXPECT_EQ(box->getState(), c.afterPress);
         driver.mouseUp(box, inside(box));
-        EXPECT_EQ(box->getState(), c.afterRelease) << c.generation;
-        EXPECT_EQ(window->messages.size(), c.afterRelease ? 1u : 0u) << c.generation;
+        EXPECT_EQ(box->getState(), c.afterRelease);
+        EXPECT_EQ(window->messages.size(), c.afterRelease ? 1u : 0u);
         window->messages.clear();
     }
-    EXPECT_EQ(window->wheels, 0);
-}
-
-TEST_F(Checkboxes, ClicksDisabledLeaveTheBoxAsItIs) {
-    Checkbox* box = addBox();
-    box->setClicksEnabled(false);
-    driver.click(box, inside(box));
-    EXPECT_FALSE(box->getState());
-    EXPECT_TRUE(window->messages.empty());
-}
-
-TEST_F(Checkboxes, SetStateWithoutNotifyShowsTheValueOnlyAndBoldFollowsTheState) {
-    Checkbox* box = addBox();
-    box->setBoldWhenTicked(true);
-    box->setState(true, false);
-    EXPECT_TRUE(box->getState());
-    EXPECT_EQ(box->getFont().style & Glib::FontDesc::Bold, unsigned(Glib::FontDesc::Bold));
-    box->setState(false, true);
-    EXPECT_EQ(box->getFont().style & Glib::FontDesc::Bold, 0u);
-    EXPECT_TRUE(window->messages.empty());
 }
 
 // Value binding
 
-TEST_F(Checkboxes, AServerChangeTicksTheBoxAndAClickChangesTheServer) {
+TEST_F(Checkboxes, BoxesShareAServerOutlivingEitherSideAndAloneABoxTogglesOnItsOwn) {
     Checkbox* box = addBox();
-    ValServer<bool> server(false);
-    auto adaptor = Qor::makePtr<ServerAdaptor<bool>>(&server);
-    box->setDataAdaptor(adaptor);
-    server = true;
-    EXPECT_TRUE(box->getState());
-    EXPECT_TRUE(adaptor->types.empty());
-
-    driver.click(box, inside(box));
-    EXPECT_FALSE(server.getValue());
-    EXPECT_FALSE(box->getState());
-    EXPECT_EQ(adaptor->types, (std::vector<DataChangeType>{SetByProgram}));
-    EXPECT_EQ(window->messages, (std::vector<std::string>{"Checkbox CLEAR"}));
-}
-
-TEST_F(Checkboxes, ABoxWhoseServerDiedStillTogglesOnItsOwn) {
-    Checkbox* box = addBox();
+    Checkbox* other = addBox({200, 20});
     Qor::Ptr<ServerAdaptor<bool>> adaptor;
     {
-        ValServer<bool> server(true);
+        ValServer<bool> server(false);
         adaptor = Qor::makePtr<ServerAdaptor<bool>>(&server);
         box->setDataAdaptor(adaptor);
+        other->setDataAdaptor(adaptor);
+        server = true;
         EXPECT_TRUE(box->getState());
+        EXPECT_TRUE(other->getState());
+        EXPECT_TRUE(adaptor->types.empty());
+
+        Glob* doomed = other;
+        window->removeWidget(doomed, true);
+        EXPECT_EQ(adaptor->attachedWidgets().size(), 1u);
+        driver.click(box, inside(box));
+        EXPECT_FALSE(server.getValue());
+        EXPECT_FALSE(box->getState());
+        EXPECT_EQ(adaptor->types, (std::vector<DataChangeType>{SetByProgram}));
     }
     driver.click(box, inside(box));
-    driver.click(box, inside(box));
     EXPECT_TRUE(box->getState());
-    EXPECT_EQ(window->messages, (std::vector<std::string>{"Checkbox CLEAR", "Checkbox TICKED"}));
-}
-
-TEST_F(Checkboxes, ABoxThatDiesFirstLeavesItsAdaptorUsable) {
-    ValServer<bool> server(false);
-    auto adaptor = Qor::makePtr<ServerAdaptor<bool>>(&server);
-    Checkbox* box = addBox();
-    box->setDataAdaptor(adaptor);
-    Glob* doomed = box;
-    window->removeWidget(doomed, true);
-    server = true;
-    EXPECT_TRUE(adaptor->attachedWidgets().empty());
+    driver.click(box, inside(box));
+    EXPECT_EQ(window->messages,
+              (std::vector<std::string>{"Checkbox CLEAR", "Checkbox TICKED", "Checkbox CLEAR"}));
 }
 
 // Deletion from a notification
 
-TEST_F(Checkboxes, ACallbackMayRequestTheDeletionOfItsBox) {
-    Checkbox* box = addBox();
-    IdStamp stamp = box->getIdStamp();
-    box->setCallback(Qor::makeCallback<NotifyMsg>([box](NotifyMsg const&) {
-                         GlobManager::instance().requestDeletion(box);
+TEST_F(Checkboxes, ACallbackOrTheParentMayDeleteTheBoxThatSpeaks) {
+    Checkbox* own = addBox();
+    Checkbox* told = addBox({200, 20});
+    IdStamp ownStamp = own->getIdStamp();
+    IdStamp toldStamp = told->getIdStamp();
+    own->setCallback(Qor::makeCallback<NotifyMsg>([own](NotifyMsg const&) {
+                         GlobManager::instance().requestDeletion(own);
                          return 0;
                      }),
                      "bye");
-    driver.click(box, inside(box));
-    driver.processEvents();
-    EXPECT_FALSE(EventHandler::valid(box, stamp));
-    EXPECT_EQ(window->widgetCount(), 0u);
-}
-
-TEST_F(Checkboxes, AParentMayDeleteTheBoxWhenItHearsOfTheClick) {
-    Checkbox* box = addBox();
-    IdStamp stamp = box->getIdStamp();
     window->onMessage = [](std::string const&, Glob* sender) {
         GlobManager::instance().requestDeletion(sender);
     };
-    driver.click(box, inside(box));
+    driver.click(own, inside(own));
     driver.processEvents();
-    EXPECT_FALSE(EventHandler::valid(box, stamp));
+    EXPECT_FALSE(EventHandler::valid(own, ownStamp));
+    driver.click(told, inside(told));
+    driver.processEvents();
+    EXPECT_FALSE(EventHandler::valid(told, toldStamp));
+    EXPECT_EQ(window->widgetCount(), 0u);
     EXPECT_EQ(window->messages, (std::vector<std::string>{"Checkbox TICKED"}));
 }
 
 // Focus
 
-TEST_F(Checkboxes, TabMovesTheFocusRoundTheBoxesOfAFormAndSpaceTicksTheFocusedOne) {
+TEST_F(Checkboxes, TabMovesTheFocusRoundTheActiveBoxesOfAFormAndSpaceTicksTheFocusedOne) {
     std::vector<Checkbox*> boxes;
     for (int i = 0; i < 3; ++i) {
         boxes.push_back(addBox({20, 20 + 40 * i}));
         window->addTabStop(*boxes.back(), TabOrderManager::AfterAll);
     }
     boxes[0]->claimKbdFocus();
-    std::vector<Glob*> seen;
-    for (int i = 0; i < 3; ++i) {
-        driver.keyPress(KeyCodes::Tab);
-        seen.push_back(get_kbd_focus());
-    }
-    EXPECT_EQ(seen, (std::vector<Glob*>{boxes[1], boxes[2], boxes[0]}));
+    driver.keyPress(KeyCodes::Tab);
+    EXPECT_EQ(get_kbd_focus(), boxes[1]);
     driver.keyPress(KeyCodes::Shift | KeyCodes::Tab);
+    driver.keyPress(KeyCodes::Shift | KeyCodes::Tab);
+    EXPECT_EQ(get_kbd_focus(), boxes[2]);
     driver.keyPress(KeyCodes::Space);
     EXPECT_EQ(std::vector<bool>({boxes[0]->getState(), boxes[1]->getState(), boxes[2]->getState()}),
               (std::vector<bool>{false, false, true}));
@@ -262,49 +219,44 @@ TEST_F(Checkboxes, TabMovesTheFocusRoundTheBoxesOfAFormAndSpaceTicksTheFocusedOn
 
 // Look
 
-TEST_F(Checkboxes, ALampShowsItsColourLitWhenTickedAndDimWhenClear) {
-    Checkbox* box = addBox();
-    box->setAppearance(Checkbox::GreenLamp);
-    Box const lamp = box->getTickExtents();
-    Colour const green(0.5, 0.75, 0.43);
-    Colour const window3 = box->getPalette().window(WindowShadeBase);
-    driver.processEvents();
-    EXPECT_TRUE(near(driver.pixel(box, XY<int>(lamp.x1 + 2, centreOf(lamp).y)),
-                     Colour::mix(green, window3, 0.9)));
-    box->setState(true, false);
-    box->update();
-    driver.processEvents();
-    EXPECT_TRUE(near(driver.pixel(box, XY<int>(lamp.x1 + 2, centreOf(lamp).y)), green));
-    EXPECT_TRUE(near(driver.pixel(box, centreOf(lamp)), box->getPalette().scale(green, 1.25)));
-}
-
-TEST_F(Checkboxes, TheTickSitsAtTheChosenSideAndOnlyATickedBoxShowsIt) {
+TEST_F(Checkboxes, TheTickSitsAtTheChosenSideAndShowsWhenTickedOrAsALampLitOrDim) {
     Checkbox* box = addBox();
     box->setText(UIString(L""));
     Box right = box->getTickExtents();
     EXPECT_GT(right.x1, box->width() / 2);
     box->setTickPosition(Checkbox::TickLeft);
-    Box left = box->getTickExtents();
+    Box const left = box->getTickExtents();
     EXPECT_LT(left.x2, box->width() / 2);
     EXPECT_EQ(left.width(), right.width());
     EXPECT_EQ(box->width() - right.x2, left.x1);
 
     auto darkPixels = [&] {
+        driver.processEvents();
         int n = 0;
         for (int x = left.x1; x < left.x2; ++x)
             for (int y = left.y1; y < left.y2; ++y)
                 n += driver.pixel(box, XY<int>(x, y)).r < 0.3f ? 1 : 0;
         return n;
     };
-    driver.processEvents();
     EXPECT_EQ(darkPixels(), 0);
     box->setState(true, false);
     box->update();
-    driver.processEvents();
     EXPECT_GT(darkPixels(), 3);
     box->setAppearance(Checkbox::NoBoxNoTick);
-    driver.processEvents();
     EXPECT_EQ(darkPixels(), 0);
+
+    box->setAppearance(Checkbox::GreenLamp);
+    Box const lamp = box->getTickExtents();
+    XY<int> const edge(lamp.x1 + 2, centreOf(lamp).y);
+    Colour const green(0.5, 0.75, 0.43);
+    driver.processEvents();
+    EXPECT_TRUE(near(driver.pixel(box, edge), green));
+    EXPECT_TRUE(near(driver.pixel(box, centreOf(lamp)), box->getPalette().scale(green, 1.25)));
+    box->setState(false, false);
+    box->update();
+    driver.processEvents();
+    EXPECT_TRUE(near(driver.pixel(box, edge),
+                     Colour::mix(green, box->getPalette().window(WindowShadeBase), 0.9)));
 }
 
 // A host's value: a level that a check box shows as on (above zero) or off, and a slider shows as

@@ -66,12 +66,10 @@ TEST_F(Gauges, DisplayRepaintsOnlyWhenTheFilledLengthOrTheTextChanges) {
 }
 
 TEST_F(Gauges, TheFilledLengthIsInTheFirstColourAndTheRestInTheSecond) {
-    gauge->setMeasure(0.25);
-    gauge->display();
-    EXPECT_TRUE(near(driver.pixel(gauge, {45, 3}), 0.0f, 0.6f, 0.0f));
-    EXPECT_TRUE(near(driver.pixel(gauge, {55, 3}), 1.0f, 1.0f, 1.0f));
-    gauge->setMeasure(0.75);
-    gauge->display();
-    EXPECT_TRUE(near(driver.pixel(gauge, {145, 3}), 0.0f, 0.6f, 0.0f));
-    EXPECT_TRUE(near(driver.pixel(gauge, {155, 3}), 1.0f, 1.0f, 1.0f));
+    for (int edge : {50, 150}) {
+        gauge->setMeasure(edge / 200.0);
+        gauge->display();
+        EXPECT_TRUE(near(driver.pixel(gauge, {edge - 5, 3}), 0.0f, 0.6f, 0.0f)) << edge;
+        EXPECT_TRUE(near(driver.pixel(gauge, {edge + 5, 3}), 1.0f, 1.0f, 1.0f)) << edge;
+    }
 }

@@ -23,10 +23,11 @@ IconCache& cache() {
 
 } // namespace
 
-TEST(IconCache, EachFileIsReadOnceUntilTheScaleChangesAndThe2xFileIsPreferredAboveOne) {
+TEST(IconCache, EachFileIsReadOnceUntilTheScaleChangesOrTheCacheGoesAndThe2xFileIsPreferred) {
     IconFolder icons;
     icons.write("dot.png", 8, red);
     icons.write("dot-2x.png", 16, blue);
+    icons.write("solo.png", 8, red);
 
     IconCache::CachedImage first = cache().load(L"dot.png");
     ASSERT_TRUE(first.image);
@@ -44,18 +45,17 @@ TEST(IconCache, EachFileIsReadOnceUntilTheScaleChangesAndThe2xFileIsPreferredAbo
     EXPECT_EQ(doubled.scale, 2.0f);
     EXPECT_EQ(doubled.image->width(), 16);
     EXPECT_TRUE(near(centre(doubled), blue));
+    // Without a 2x file the plain one is read at scale one.
+    IconCache::CachedImage solo = cache().load(L"solo.png");
+    ASSERT_TRUE(solo.image);
+    EXPECT_EQ(solo.scale, 1.0f);
+    EXPECT_EQ(solo.image->width(), 8);
 
     UifStd::setScale(1);
     EXPECT_TRUE(near(centre(cache().load(L"dot.png")), green));
-}
-
-TEST(IconCache, AtScaleTwoWithoutA2xFileThePlainFileIsReadAtScaleOne) {
-    IconFolder icons(2.0);
-    icons.write("solo.png", 8, red);
-    IconCache::CachedImage entry = cache().load(L"solo.png");
-    ASSERT_TRUE(entry.image);
-    EXPECT_EQ(entry.scale, 1.0f);
-    EXPECT_EQ(entry.image->width(), 8);
+    icons.write("dot.png", 8, red);
+    Loki::DeletableSingleton<IconCache>::GracefulDelete();
+    EXPECT_TRUE(near(centre(cache().load(L"dot.png")), red));
 }
 
 TEST(IconCache, AHeightShrinksOnlyLargerImagesInInterfacePixels) {
@@ -117,29 +117,4 @@ TEST(IconCache, AMissingIconGivesEmptyImagesOfEveryKind) {
     EXPECT_FALSE(cache().load(L"absent.png").image);
     EXPECT_FALSE(cache().load(L"absent.png", IconCache::Inactive | IconCache::Rounded, 12).image);
     EXPECT_FALSE(cache().createRecolouredIcon(L"absent.png", Colour(1, 0, 0)));
-}
-
-TEST(IconCache, AGracefulDeleteLeavesAFreshCacheThatReadsTheFileAgain) {
-    IconFolder icons;
-    icons.write("dot.png", 8, red);
-    cache().load(L"dot.png");
-    icons.write("dot.png", 8, green);
-    Loki::DeletableSingleton<IconCache>::GracefulDelete();
-    EXPECT_TRUE(near(centre(cache().load(L"dot.png")), green));
-}
-
-TEST(IconCacheKey, NamesHeightAndKindsInAFixedOrder) {
-    struct Case {
-        unsigned short height;
-        unsigned kinds;
-        wchar_t const* key;
-    } const cases[] = {
-        {0, IconCache::Plain, L"pin.png0"},
-        {16, IconCache::Plain, L"pin.png16"},
-        {16, IconCache::Inactive, L"pin.png16-inactive"},
-        {16, IconCache::Rounded, L"pin.png16-rounded"},
-        {16, IconCache::Inactive | IconCache::Rounded, L"pin.png16-inactive-rounded"},
-    };
-    for (Case const& c : cases)
-        EXPECT_EQ(IconCache::makeCacheKey(L"pin.png", c.height, c.kinds), c.key);
 }

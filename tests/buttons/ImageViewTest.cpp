@@ -18,42 +18,27 @@ Qor::Ptr<iHostImage> redImage(int w, int h, double scale) {
     return image;
 }
 
-struct ImageViews : ::testing::Test {
-    UiTestDriver driver;
-
-    ImageView* makeView(Qor::Ptr<iHostImage> const& image) {
-        Glob::setupRootPos({100, 100});
-        ImageView::InitArgs args(image, 100, 60);
-        args.border = Border(0);
-        auto* view = new ImageView(args);
-        GlobManager::instance().realize(view);
-        driver.processEvents();
-        return view;
-    }
-};
-
 } // namespace
 
-TEST_F(ImageViews, TheImageIsCentredOnTheBackground) {
-    ImageView* view = makeView(redImage(20, 10, 1.0));
+TEST(ImageView, TheImageIsCentredInInterfacePixelsAndSetImageReplacesOrRemovesIt) {
+    UiTestDriver driver;
+    Glob::setupRootPos({100, 100});
+    ImageView::InitArgs args(redImage(20, 10, 1.0), 100, 60);
+    args.border = Border(0);
+    auto* view = new ImageView(args);
+    GlobManager::instance().realize(view);
+    driver.processEvents();
     EXPECT_TRUE(isRed(driver.pixel(view, {50, 30})));
     EXPECT_TRUE(isRed(driver.pixel(view, {41, 26})));
     EXPECT_FALSE(isRed(driver.pixel(view, {38, 30})));
     EXPECT_FALSE(isRed(driver.pixel(view, {50, 37})));
-}
 
-TEST_F(ImageViews, ADoubleScaleImageTakesItsSizeInInterfacePixels) {
-    ImageView* view = makeView(redImage(40, 20, 2.0));
-    EXPECT_TRUE(isRed(driver.pixel(view, {58, 30})));
-    EXPECT_FALSE(isRed(driver.pixel(view, {62, 30})));
-}
-
-TEST_F(ImageViews, SetImageReplacesOrRemovesWhatIsShown) {
-    ImageView* view = makeView({});
-    EXPECT_FALSE(isRed(driver.pixel(view, {50, 30})));
-    view->setImage(redImage(20, 10, 1.0));
+    // A double-scale image of 80 by 40 pixels takes 40 by 20 interface pixels.
+    view->setImage(redImage(80, 40, 2.0));
     driver.processEvents();
-    EXPECT_TRUE(isRed(driver.pixel(view, {50, 30})));
+    EXPECT_TRUE(isRed(driver.pixel(view, {68, 30})));
+    EXPECT_FALSE(isRed(driver.pixel(view, {72, 30})));
+
     view->setImage({});
     driver.processEvents();
     EXPECT_FALSE(isRed(driver.pixel(view, {50, 30})));

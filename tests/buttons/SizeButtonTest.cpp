@@ -9,12 +9,6 @@ LightweightString<wchar_t> helpOf(Glob* button) {
     return button->contextString({0, 0}, nullptr).getString();
 }
 
-bool sameColour(NormalisedRGB const& a, Colour const& c) {
-    NormalisedRGB b = fromColour(c);
-    auto close = [](float x, float y) { return x - y < 0.02f && y - x < 0.02f; };
-    return close(a.r, b.r) && close(a.g, b.g) && close(a.b, b.b);
-}
-
 } // namespace
 
 TEST_F(SpecialButtons, EachSizePressFlipsThePanelAndTheStateShowsInTextAndHelp) {
@@ -45,10 +39,10 @@ TEST_F(SpecialButtons, EachSizePressFlipsThePanelAndTheStateShowsInTextAndHelp) 
 TEST_F(SpecialButtons, TheTextLookDrawsABarAtFullSizeAndASecondFrameWhenSmall) {
     auto* size = make<SizeButton>(SizeButton::InitArgs(24, 24, SizeButton::TextAppearance));
     XY<int> onBar(12, UifStd::getWidgetGap());
-    EXPECT_TRUE(sameColour(driver.pixel(size, onBar), size->getForeCol()));
+    EXPECT_TRUE(shows(size, onBar, size->getForeCol()));
     size->set_size(true);
     driver.processEvents();
-    EXPECT_FALSE(sameColour(driver.pixel(size, onBar), size->getForeCol()));
+    EXPECT_FALSE(shows(size, onBar, size->getForeCol()));
 
     size->setAppearance(SizeButton::IconAppearance);
     EXPECT_TRUE(size->getCurrentIcon());

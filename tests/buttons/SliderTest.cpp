@@ -3,7 +3,6 @@
 #include "RecordingPanel.h"
 
 #include "glob/GlobManager.h"
-#include "panels/StandardPanel.h"
 #include "support/DecimalCommaLocale.h"
 #include "testing/UiTestDriver.h"
 
@@ -30,9 +29,7 @@ struct Sliders : ::testing::Test {
     Qor::Ptr<ServerAdaptor<double>> adaptor = Qor::makePtr<ServerAdaptor<double>>(&server);
 
     void SetUp() override {
-        Glob::setupRootPos({100, 100});
-        owner = new RecordingPanel(StandardPanel::InitArgs(400, 300));
-        GlobManager::instance().realize(owner);
+        owner = makeRecordingWindow();
         driver.processEvents();
     }
 
@@ -49,9 +46,10 @@ struct Sliders : ::testing::Test {
         driver.processEvents();
         return slider;
     }
-    Slider::InitArgs at(double position) {
+    static Slider::InitArgs at(double position, WidgetCallback const& callback = {}) {
         Slider::InitArgs args;
         args.position = position;
+        args.callback = callback;
         return args;
     }
     WidgetCallback recorder(std::function<void()> also = {}) {
@@ -91,9 +89,7 @@ TEST_F(Sliders, DraggingTellsTheParentOfEachChangeAndOnceOfTheReleaseInAnyLocale
 }
 
 TEST_F(Sliders, ACallbackHearsChangesAndTheReleaseAndTheAdaptorHearsTheDragsStages) {
-    Slider::InitArgs args = at(0.5);
-    args.callback = recorder();
-    Slider* slider = make(args);
+    Slider* slider = make(at(0.5, recorder()));
     slider->setDataAdaptor(adaptor);
     driver.drag(slider, {100, 11}, {53, 11}, 2);
     EXPECT_EQ(told.back(), (Told{Slider::Released, 0.255}));
@@ -119,9 +115,8 @@ TEST_F(Sliders, AClickOnTheThumbOnlyReleasesItAndAClickOffItJumpsThereAsOneChang
 }
 
 TEST_F(Sliders, TheWheelStepsByTheIncrementAndAZeroIncrementIsAFiveHundredthOfTheRange) {
-    Slider::InitArgs args = at(9.97);
+    Slider::InitArgs args = at(9.97, recorder());
     args.maximum = 10.0;
-    args.callback = recorder();
     Slider* slider = make(args);
     driver.wheel(slider, {30, 11}, 1);
     EXPECT_NEAR(slider->getPosition(), 9.99, 1e-9);
@@ -139,9 +134,7 @@ TEST_F(Sliders, TheWheelStepsByTheIncrementAndAZeroIncrementIsAFiveHundredthOfTh
 
 TEST_F(Sliders, AChordSnapsToTheNearestPointOfInterestAndDropsTheThumb) {
     server = 0.6;
-    Slider::InitArgs args = at(0.6);
-    args.callback = recorder();
-    Slider* slider = make(args);
+    Slider* slider = make(at(0.6, recorder()));
     slider->setDataAdaptor(adaptor);
     slider->setPointsOfInterest({{0.25}, {0.75}});
     int thumb = int(std::lround(slider->v2x(0.6)));
@@ -157,9 +150,7 @@ TEST_F(Sliders, AChordSnapsToTheNearestPointOfInterestAndDropsTheThumb) {
 }
 
 TEST_F(Sliders, AnInactiveSliderIgnoresTheMouse) {
-    Slider::InitArgs args = at(0.5);
-    args.callback = recorder();
-    Slider* slider = make(args);
+    Slider* slider = make(at(0.5, recorder()));
     slider->setActive(false, Redraw);
     driver.drag(slider, {100, 11}, {150, 11});
     driver.click(slider, {30, 11});
@@ -220,9 +211,7 @@ TEST_F(Sliders, TwoSlidersBoundToOneServerShowTheSameValueAfterEitherIsDragged) 
 
 TEST_F(Sliders, ACallbackThatDeletesTheSliderEndsTheDragSafely) {
     Slider* slider = nullptr;
-    Slider::InitArgs args = at(0.5);
-    args.callback = recorder([&] { GlobManager::instance().requestDeletion(slider); });
-    slider = make(args);
+    slider = make(at(0.5, recorder([&] { GlobManager::instance().requestDeletion(slider); })));
     driver.mouseDown(slider, {100, 11});
     driver.mouseMove(slider, {120, 11});
     EXPECT_FALSE(is_good_glob_ptr(slider));

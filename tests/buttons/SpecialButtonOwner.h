@@ -4,12 +4,11 @@
 // host would.
 
 #include "RecordingPanel.h"
-#include "glob/GlobManager.h"
-#include "panels/StandardPanel.h"
 #include "testing/UiTestDriver.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -18,9 +17,7 @@ struct SpecialButtons : ::testing::Test {
     RecordingPanel* panel = nullptr;
 
     void SetUp() override {
-        Glob::setupRootPos({100, 100});
-        panel = new RecordingPanel(StandardPanel::InitArgs(400, 200));
-        GlobManager::instance().realize(panel);
+        panel = makeRecordingWindow({400, 200});
         driver.processEvents();
     }
 
@@ -30,6 +27,13 @@ struct SpecialButtons : ::testing::Test {
         button->update();
         driver.processEvents();
         return button;
+    }
+
+    // Whether the pixel of `g` at `at` shows the colour, give or take rounding.
+    bool shows(Glob* g, XY<int> at, Colour const& colour, float tolerance = 0.02f) {
+        NormalisedRGB const p = driver.pixel(g, at), c = fromColour(colour);
+        return std::abs(p.r - c.r) < tolerance && std::abs(p.g - c.g) < tolerance &&
+               std::abs(p.b - c.b) < tolerance;
     }
 
     // A callback that notes each message name it is given.

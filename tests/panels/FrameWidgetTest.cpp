@@ -2,11 +2,9 @@
 
 #include "GroupFixture.h"
 
-namespace {
-struct Frames : GroupFixture {};
-} // namespace
+using Frames = GroupFixture;
 
-TEST_F(Frames, ThreeBandsOfWindowAndBlendLeaveTheMiddleUnpainted) {
+TEST_F(Frames, ThreeBandsOfWindowAndBlendLeaveTheMiddleUnpaintedAndDropIndicatorsUseSelection) {
     auto* frame = add<FrameWidget>(GlobCreationInfo(100, 80), {40, 40});
     driver.processEvents();
     int band = FrameWidget::getThickness() / 4;
@@ -19,11 +17,8 @@ TEST_F(Frames, ThreeBandsOfWindowAndBlendLeaveTheMiddleUnpainted) {
     EXPECT_TRUE(nearColour(driver.pixel(frame, {3 * band, 40}), blend));
     EXPECT_TRUE(nearColour(driver.pixel(frame, {50, 40}), Colour(0.9, 0.9, 0.9)))
         << "the window shows through the middle";
-}
 
-TEST_F(Frames, ADropIndicatorIsTheFrameInTheSelectionColour) {
     auto* drop = add<DropIndicator>(GlobCreationInfo(100, 80), {200, 40});
     driver.processEvents();
-    int band = FrameWidget::getThickness() / 4;
     EXPECT_TRUE(nearColour(driver.pixel(drop, {band, 40}), drop->getPalette().selection()));
 }

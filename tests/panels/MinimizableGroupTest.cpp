@@ -22,12 +22,17 @@ struct Folding : GroupFixture {
 
 } // namespace
 
-TEST_F(Folding, AClickOnTheTitleRowFoldsAndASecondOpensAtTheOldHeight) {
+TEST_F(Folding, TheTitleRowOrSizeButtonFoldsAllButTheTitleRowAndOpensAtTheOldHeight) {
     MinimizableGroup* group = makeGroup(150);
     RecordingGlob* title = addProbe(group, Glob::TopLeft(0, 0), {30, 10});
     group->setWidget(title, LightweightString<wchar_t>());
     RecordingGlob* control = addProbe(group, Glob::UserTopLeft(0, 0), {60, 20});
+    EXPECT_FALSE(group->widgetVisibilityCanChange(group->getSizeButton()));
+    EXPECT_FALSE(group->widgetVisibilityCanChange(title));
+    EXPECT_TRUE(group->widgetVisibilityCanChange(control));
     int row = UifStd::getRowHeight();
+    group->setSize(Glob::SizeNormal);
+    EXPECT_EQ(group->height(), 150) << "opening an open group changes nothing";
 
     driver.click(group, onTitleRow(group));
     EXPECT_TRUE(group->isFolded());
@@ -38,11 +43,15 @@ TEST_F(Folding, AClickOnTheTitleRowFoldsAndASecondOpensAtTheOldHeight) {
     EXPECT_TRUE(group->getSizeButton()->canvas()->mapped);
     EXPECT_EQ(group->getSizeButton()->getState(), Button::down);
 
-    driver.click(group, onTitleRow(group));
+    driver.click(group->getSizeButton());
+    driver.processEvents();
     EXPECT_FALSE(group->isFolded());
     EXPECT_EQ(group->height(), 150);
-    EXPECT_TRUE(control->canvas()->mapped);
+    EXPECT_TRUE(control->canvas()->mapped && control->isVisible());
     EXPECT_EQ(group->getSizeButton()->getState(), Button::up);
+    driver.click(group->getSizeButton());
+    driver.processEvents();
+    EXPECT_TRUE(group->isFolded());
 }
 
 TEST_F(Folding, APressOnTheTitleRowThatEndsBelowItDoesNotFold) {
@@ -55,30 +64,6 @@ TEST_F(Folding, APressOnTheTitleRowThatEndsBelowItDoesNotFold) {
 
     driver.mouseDown(group, {start.x, 40});
     driver.mouseUp(group, start);
-    EXPECT_FALSE(group->isFolded());
-    EXPECT_EQ(group->height(), 150);
-}
-
-TEST_F(Folding, TheSizeButtonFoldsTheGroupToo) {
-    MinimizableGroup* group = makeGroup(150);
-    driver.click(group->getSizeButton());
-    driver.processEvents();
-    EXPECT_TRUE(group->isFolded());
-    driver.click(group->getSizeButton());
-    driver.processEvents();
-    EXPECT_FALSE(group->isFolded());
-    EXPECT_EQ(group->height(), 150);
-}
-
-TEST_F(Folding, AnInactiveSizeButtonLeavesTheArrowAndTakesNoClicks) {
-    MinimizableGroup* group = makeGroup(150);
-    XY<int> title = onTitleRow(group);
-    EXPECT_EQ(group->contextCursor(root(group, title)), CursorHand);
-    EXPECT_EQ(group->contextCursor(root(group, {title.x, 30})), CursorArrow);
-
-    group->setSizeChangeEnabled(false);
-    EXPECT_EQ(group->contextCursor(root(group, title)), CursorArrow);
-    driver.click(group, title);
     EXPECT_FALSE(group->isFolded());
     EXPECT_EQ(group->height(), 150);
 }
@@ -115,36 +100,23 @@ TEST_F(Folding, FoldingTellsTheParentHowMuchTheGroupChanged) {
     EXPECT_EQ(outer->height(), 300);
 }
 
-TEST_F(Folding, FoldingHidesFromTheThirdWidgetOnButShowsOnlyWhatMayChange) {
+TEST_F(Folding, WithTheSizeButtonInactiveOrAbsentTheTitleRowShowsAnArrowAndNeverFolds) {
     MinimizableGroup* group = makeGroup(150);
-    RecordingGlob* title = addProbe(group, Glob::TopLeft(0, 0), {30, 10});
-    group->setWidget(title, LightweightString<wchar_t>());
-    RecordingGlob* control = addProbe(group, Glob::UserTopLeft(0, 0), {30, 10});
-    EXPECT_FALSE(group->widgetVisibilityCanChange(group->getSizeButton()));
-    EXPECT_FALSE(group->widgetVisibilityCanChange(title));
-    EXPECT_TRUE(group->widgetVisibilityCanChange(control));
-
-    group->setSize(Glob::SizeSmall);
-    EXPECT_TRUE(title->canvas()->mapped);
-    EXPECT_FALSE(control->canvas()->mapped);
-    group->setSize(Glob::SizeNormal);
-    EXPECT_TRUE(control->canvas()->mapped && control->isVisible());
-}
-
-TEST_F(Folding, SettingTheSameStateAgainChangesNothingButTheButton) {
-    MinimizableGroup* group = makeGroup(150);
-    group->setSize(Glob::SizeNormal);
+    XY<int> title = onTitleRow(group);
+    EXPECT_EQ(group->contextCursor(root(group, title)), CursorHand);
+    EXPECT_EQ(group->contextCursor(root(group, {title.x, 30})), CursorArrow);
+    group->setSizeChangeEnabled(false);
+    EXPECT_EQ(group->contextCursor(root(group, title)), CursorArrow);
+    driver.click(group, title);
+    EXPECT_FALSE(group->isFolded());
     EXPECT_EQ(group->height(), 150);
-    EXPECT_EQ(group->getSizeButton()->getState(), Button::up);
-}
 
-TEST_F(Folding, AGroupWithoutASizeButtonNeverFoldsByClick) {
     GlobCreationInfo info(200, 120);
     info.canvas = window->canvas();
-    auto* group = new MinimizableGroup(LightweightString<wchar_t>(L"Fixed"), false, info);
-    window->addChild(group, Glob::BottomLeft(400, 300));
-    EXPECT_EQ(group->getSizeButton(), nullptr);
-    driver.click(group, {100, 115});
-    EXPECT_FALSE(group->isFolded());
-    EXPECT_EQ(group->contextCursor(XY<int>(group->getX() + 100, group->getY() + 115)), CursorArrow);
+    auto* fixed = new MinimizableGroup(LightweightString<wchar_t>(L"Fixed"), false, info);
+    window->addChild(fixed, Glob::BottomLeft(400, 300));
+    EXPECT_EQ(fixed->getSizeButton(), nullptr);
+    driver.click(fixed, {100, 115});
+    EXPECT_FALSE(fixed->isFolded());
+    EXPECT_EQ(fixed->contextCursor(root(fixed, {100, 115})), CursorArrow);
 }

@@ -45,11 +45,16 @@ struct DataHost : StandardPanel {
 
 } // namespace
 
-TEST_F(Splitters, ThicknessAndDimensionsFollowTheRowHeightAndOrientation) {
+TEST_F(Splitters, ThicknessDimensionsAndPointerFollowTheOrientation) {
     int t = UifStd::getRowHeight() / 6 * 2;
     EXPECT_EQ(Splitter::calcThickness(), t);
     EXPECT_EQ(Splitter::calcDimensions(OrientationVertical, 120), XY<int>(t, 120));
     EXPECT_EQ(Splitter::calcDimensions(OrientationHorizontal, 120), XY<int>(120, t));
+    Splitter* vertical = makeSplitter(OrientationVertical, recorder());
+    Splitter* horizontal =
+        add<Splitter>(Splitter::InitArgs(recorder(), OrientationHorizontal, 200), {300, 300});
+    EXPECT_EQ(vertical->contextCursor({0, 0}), CursorHorizontalResize);
+    EXPECT_EQ(horizontal->contextCursor({0, 0}), CursorVerticalResize);
 }
 
 TEST_F(Splitters, ADragReportsPressMovesAndReleaseWithTheirPositions) {
@@ -80,14 +85,6 @@ TEST_F(Splitters, HoverRightButtonAndInactiveSplittersReportNothing) {
     driver.drag(splitter, {50, 1}, {50, 30});
     EXPECT_TRUE(seen.empty());
     EXPECT_EQ(splitter->contextCursor({0, 0}), CursorArrow);
-}
-
-TEST_F(Splitters, ThePointerShowsTheDirectionOfTravel) {
-    Splitter* vertical = makeSplitter(OrientationVertical, recorder());
-    Splitter* horizontal =
-        add<Splitter>(Splitter::InitArgs(recorder(), OrientationHorizontal, 200), {300, 300});
-    EXPECT_EQ(vertical->contextCursor({0, 0}), CursorHorizontalResize);
-    EXPECT_EQ(horizontal->contextCursor({0, 0}), CursorVerticalResize);
 }
 
 TEST_F(Splitters, WithoutACallbackTheParentGetsDataMessages) {

@@ -51,32 +51,22 @@ TEST_F(Stops, OrdersAboveTheLimitFailAndNoRunIsPushedPastIt) {
     EXPECT_EQ(orders(), (std::vector<unsigned>{10, TabOrderManager::MaxTabOrder}));
 }
 
-TEST_F(Stops, TheNewStopHearsOfTheFocusBeforeTheOldOneLosesIt) {
+TEST_F(Stops, TheNewStopHearsOfTheFocusBeforeTheOldLosesItAndTabClearsItWhenNoneCanTakeIt) {
+    EXPECT_EQ(manager.refocusCurrentTabStop(), None);
     manager.addTabStop(a, 20);
     manager.addTabStop(b, 5);
-    manager.incrementTabStop();
+    // Refocus starts at the lowest order, then gives the current stop the focus again.
+    EXPECT_EQ(manager.refocusCurrentTabStop(), 1u);
+    EXPECT_EQ(manager.refocusCurrentTabStop(), 1u);
     manager.incrementTabStop();
     manager.decrementTabStop();
-    EXPECT_EQ(log, (Log{"+b", "+a", "-b", "+<b", "-a"}));
-}
-
-TEST_F(Stops, ASingleStopKeepsTheFocusUntilItCannotTakeItThenTabClearsIt) {
-    manager.addTabStop(a, 0);
-    manager.incrementTabStop();
+    b.active = false;
+    EXPECT_EQ(manager.incrementTabStop(), 0u);
     EXPECT_EQ(manager.incrementTabStop(), 0u);
     a.active = false;
     EXPECT_EQ(manager.incrementTabStop(), None);
     EXPECT_EQ(manager.getCurrentTabOrder(), None);
-    EXPECT_EQ(log, (Log{"+a", "+a", "-a"}));
-}
-
-TEST_F(Stops, RefocusGivesTheCurrentStopTheFocusAgainOrStartsAtTheFirst) {
-    EXPECT_EQ(manager.refocusCurrentTabStop(), None);
-    manager.addTabStop(a, 3);
-    manager.addTabStop(b, 1);
-    EXPECT_EQ(manager.refocusCurrentTabStop(), 1u);
-    EXPECT_EQ(manager.refocusCurrentTabStop(), 1u);
-    EXPECT_EQ(log, (Log{"+b", "+b"}));
+    EXPECT_EQ(log, (Log{"+b", "+b", "+a", "-b", "+<b", "-a", "+a", "-b", "+a", "-a"}));
 }
 
 TEST_F(Stops, SetTabOrderMakesWayAndLaterAddsStillMakeWayAroundTheMovedStops) {

@@ -4,7 +4,7 @@
 
 namespace {
 
-struct Hosts : GroupFixture {};
+using Hosts = GroupFixture;
 
 bool anyPixel(UiTestDriver& driver, Glob* g, Box const& box, Colour const& colour) {
     for (int x = box.x1; x < box.x2; ++x)

@@ -19,23 +19,17 @@ struct Rects : ::testing::Test {
 };
 } // namespace
 
-TEST_F(Rects, OnlyThePanelRadiusRoundsTheCorners) {
-    window->set_radius(4.0);
-    EXPECT_EQ(window->getCornerMask(), 15u);
-    window->set_radius(6.0);
-    EXPECT_EQ(window->getCornerMask(), 0u);
-    EXPECT_EQ(window->get_radius(), 6.0);
-    EXPECT_STREQ(window->idstring(), "rect");
-}
-
 TEST_F(Rects, AVisibleRectMadeBeforeItsWindowIsShownWhenRealized) {
     EXPECT_TRUE(window->isVisible());
     EXPECT_TRUE(driver.display().windowOf(window->canvas())->mapped);
     EXPECT_EQ(driver.topLevels(), (std::vector<Glob*>{window}));
 }
 
-TEST_F(Rects, ResizeKeepsTwiceTheRadiusAndNotesAChangedShape) {
+TEST_F(Rects, OnlyThePanelRadiusRoundsTheCornersAndResizeKeepsTwiceTheRadius) {
+    window->set_radius(4.0);
+    EXPECT_EQ(window->getCornerMask(), 15u);
     window->set_radius(10);
+    EXPECT_EQ(window->getCornerMask(), 0u);
     window->clearShapeChanged();
     window->resize(5, 50);
     EXPECT_EQ(window->width(), 20);
