@@ -4,6 +4,7 @@
 
 #include "RecordingPanel.h"
 #include "glob/UifStd.h"
+#include "support/ColourMatch.h"
 #include "testing/UiTestDriver.h"
 
 #include <gtest/gtest.h>
@@ -26,9 +27,9 @@ struct Checkboxes : ::testing::Test {
     XY<int> inside(Checkbox* box) const { return XY<int>(box->width() / 2, box->height() / 2); }
 };
 
+// Lamps are blended, so their colours are matched a little more loosely.
 bool near(NormalisedRGB const& a, Colour const& c) {
-    NormalisedRGB b = fromColour(c);
-    return std::abs(a.r - b.r) < 0.03 && std::abs(a.g - b.g) < 0.03 && std::abs(a.b - b.b) < 0.03;
+    return nearColour(a, c, 0.03);
 }
 
 XY<int> centreOf(Box const& b) {

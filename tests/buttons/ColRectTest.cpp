@@ -1,6 +1,7 @@
 #include "buttons/ColRect.h"
 
 #include "LabelWindow.h"
+#include "support/ColourMatch.h"
 #include "testing/UiTestDriver.h"
 
 #include <gtest/gtest.h>
@@ -18,10 +19,6 @@ public:
     ColourData value{0.18, 0.48, 0.92};
 };
 
-bool near(NormalisedRGB const& c, double r, double g, double b) {
-    return std::abs(c.r - r) < 0.02 && std::abs(c.g - g) < 0.02 && std::abs(c.b - b) < 0.02;
-}
-
 struct Swatches : ::testing::Test {
     UiTestDriver driver;
     RecordingGlob* window = makeWindow({100, 100}, {300, 200});
@@ -34,7 +31,7 @@ TEST_F(Swatches, AColRectShowsItsAdaptorsColourAndSpellsItOutInItsTip) {
     auto adaptor = Qor::makePtr<ColourAdaptor>();
     swatch->setDataAdaptor(adaptor);
     swatch->update();
-    EXPECT_TRUE(near(driver.pixel(swatch, {20, 15}), 0.18, 0.48, 0.92));
+    EXPECT_TRUE(nearColour(driver.pixel(swatch, {20, 15}), NormalisedRGB(0.18f, 0.48f, 0.92f)));
     wchar_t const* spelt = L"R : 0.18, G : 0.48, B : 0.92, A : 1";
     EXPECT_EQ(swatch->contextString({}, nullptr).getString(), spelt);
     EXPECT_EQ(swatch->getTooltipDetails({}, nullptr).text.getString(), spelt);
@@ -49,6 +46,6 @@ TEST_F(Swatches, ATranslucentColourShowsOverAChequerAndAnOpaqueOneIsEven) {
     driver.processEvents();
     EXPECT_EQ(driver.pixel(swatch, {3, 3}), driver.pixel(swatch, {12, 3}));
     swatch->setColour(Colour(0.0, 0.0, 1.0), 0.5);
-    EXPECT_TRUE(near(driver.pixel(swatch, {3, 3}), 0.5, 0.5, 1.0));
-    EXPECT_TRUE(near(driver.pixel(swatch, {12, 3}), 0.375, 0.375, 0.875));
+    EXPECT_TRUE(nearColour(driver.pixel(swatch, {3, 3}), NormalisedRGB(0.5f, 0.5f, 1.0f)));
+    EXPECT_TRUE(nearColour(driver.pixel(swatch, {12, 3}), NormalisedRGB(0.375f, 0.375f, 0.875f)));
 }

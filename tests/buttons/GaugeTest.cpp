@@ -2,6 +2,7 @@
 
 #include "glob/GlobManager.h"
 #include "glob/RecordingGlob.h"
+#include "support/ColourMatch.h"
 #include "testing/UiTestDriver.h"
 
 #include <gtest/gtest.h>
@@ -38,10 +39,6 @@ struct Gauges : ::testing::Test {
     }
 };
 
-bool near(NormalisedRGB const& c, float r, float g, float b) {
-    return std::abs(c.r - r) < 0.02 && std::abs(c.g - g) < 0.02 && std::abs(c.b - b) < 0.02;
-}
-
 } // namespace
 
 TEST_F(Gauges, DisplayRepaintsOnlyWhenTheFilledLengthOrTheTextChanges) {
@@ -69,7 +66,9 @@ TEST_F(Gauges, TheFilledLengthIsInTheFirstColourAndTheRestInTheSecond) {
     for (int edge : {50, 150}) {
         gauge->setMeasure(edge / 200.0);
         gauge->display();
-        EXPECT_TRUE(near(driver.pixel(gauge, {edge - 5, 3}), 0.0f, 0.6f, 0.0f)) << edge;
-        EXPECT_TRUE(near(driver.pixel(gauge, {edge + 5, 3}), 1.0f, 1.0f, 1.0f)) << edge;
+        EXPECT_TRUE(nearColour(driver.pixel(gauge, {edge - 5, 3}), NormalisedRGB(0.0f, 0.6f, 0.0f)))
+            << edge;
+        EXPECT_TRUE(nearColour(driver.pixel(gauge, {edge + 5, 3}), NormalisedRGB(1.0f, 1.0f, 1.0f)))
+            << edge;
     }
 }

@@ -4,6 +4,7 @@
 // host would.
 
 #include "RecordingPanel.h"
+#include "support/ColourMatch.h"
 #include "testing/UiTestDriver.h"
 
 #include <gtest/gtest.h>
@@ -31,9 +32,7 @@ struct SpecialButtons : ::testing::Test {
 
     // Whether the pixel of `g` at `at` shows the colour, give or take rounding.
     bool shows(Glob* g, XY<int> at, Colour const& colour, float tolerance = 0.02f) {
-        NormalisedRGB const p = driver.pixel(g, at), c = fromColour(colour);
-        return std::abs(p.r - c.r) < tolerance && std::abs(p.g - c.g) < tolerance &&
-               std::abs(p.b - c.b) < tolerance;
+        return nearColour(driver.pixel(g, at), colour, tolerance);
     }
 
     // A callback that notes each message name it is given.

@@ -2,6 +2,7 @@
 
 #include "LabelWindow.h"
 #include "glob/UifStd.h"
+#include "support/ColourMatch.h"
 #include "testing/UiTestDriver.h"
 
 #include <gtest/gtest.h>
@@ -25,11 +26,6 @@ public:
     }
     LightweightString<wchar_t> value = L"Bound";
 };
-
-bool isBackground(NormalisedRGB const& c, Colour const& window) {
-    NormalisedRGB w = fromColour(window);
-    return std::abs(c.r - w.r) < 0.02 && std::abs(c.g - w.g) < 0.02 && std::abs(c.b - w.b) < 0.02;
-}
 
 struct Labels : ::testing::Test {
     UiTestDriver driver;
@@ -58,7 +54,7 @@ TEST_F(Labels, AFixedSizeStaysWhateverTheTextAndARightAlignedTextEndsAtTheRightE
     driver.processEvents();
     int firstInk = -1;
     for (int x = 0; x < 200 && firstInk < 0; ++x)
-        if (!isBackground(driver.pixel(label, {x, 11}), label->getCol()))
+        if (!nearColour(driver.pixel(label, {x, 11}), label->getCol()))
             firstInk = x;
     EXPECT_GT(firstInk, 200 - widthOf(L"MMMM") - 2);
     label->fixSize(120, 24);

@@ -5,6 +5,7 @@
 #include "testing/UiTestDriver.h"
 
 #include "glob/RecordingGlob.h"
+#include "support/ColourMatch.h"
 
 #include <gtest/gtest.h>
 
@@ -24,10 +25,6 @@ struct Widgets : ::testing::Test {
         return Box(p.x, p.y, p.x + g->width(), p.y + g->height());
     }
 };
-
-bool near(NormalisedRGB const& a, NormalisedRGB const& b) {
-    return std::abs(a.r - b.r) < 0.02 && std::abs(a.g - b.g) < 0.02 && std::abs(a.b - b.b) < 0.02;
-}
 
 } // namespace
 
@@ -101,10 +98,10 @@ TEST_F(Widgets, DrawingRunsUpwardFromTheBottomLeftAndIsClippedToAncestors) {
     window->addWidget(overhang, 280, 100);
     window->update();
 
-    EXPECT_TRUE(near(driver.pixel(window, {2, 2}), NormalisedRGB(1, 0, 0)));
-    EXPECT_TRUE(near(driver.pixel(window, {2, 12}), NormalisedRGB(1, 1, 1)));
-    EXPECT_TRUE(near(driver.pixel(window, {299, 120}), NormalisedRGB(0, 1, 0)));
-    EXPECT_TRUE(near(driver.pixel(overhang, {5, 5}), NormalisedRGB(0, 1, 0)));
+    EXPECT_TRUE(nearColour(driver.pixel(window, {2, 2}), NormalisedRGB(1, 0, 0)));
+    EXPECT_TRUE(nearColour(driver.pixel(window, {2, 12}), NormalisedRGB(1, 1, 1)));
+    EXPECT_TRUE(nearColour(driver.pixel(window, {299, 120}), NormalisedRGB(0, 1, 0)));
+    EXPECT_TRUE(nearColour(driver.pixel(overhang, {5, 5}), NormalisedRGB(0, 1, 0)));
     // Nothing outside the window was painted into a neighbour's store either: the store is the
     // window's size.
     EXPECT_EQ(window->canvas()->surface()->size(), XY<int>(300, 200));
@@ -216,7 +213,7 @@ TEST_F(Widgets, AShapedChildPaintsOnlyInsideItsShapeAndSoDoItsChildren) {
     curved->addWidget(inner, 0, 0);
     window->update();
     // The corner pixel is cut away: the window's white shows through.
-    EXPECT_TRUE(near(driver.pixel(window, {10, 10}), NormalisedRGB(1, 1, 1)));
-    EXPECT_TRUE(near(driver.pixel(window, {30, 30}), NormalisedRGB(0, 1, 0)));
-    EXPECT_TRUE(near(driver.pixel(window, {49, 49}), NormalisedRGB(1, 1, 1)));
+    EXPECT_TRUE(nearColour(driver.pixel(window, {10, 10}), NormalisedRGB(1, 1, 1)));
+    EXPECT_TRUE(nearColour(driver.pixel(window, {30, 30}), NormalisedRGB(0, 1, 0)));
+    EXPECT_TRUE(nearColour(driver.pixel(window, {49, 49}), NormalisedRGB(1, 1, 1)));
 }

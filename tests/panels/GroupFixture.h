@@ -5,16 +5,12 @@
 
 #include "../glob/RecordingGlob.h"
 #include "glob/UifStd.h"
+#include "support/ColourMatch.h"
 #include "testing/UiTestDriver.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-
-inline bool nearColour(NormalisedRGB const& a, Colour const& c) {
-    NormalisedRGB b = fromColour(c);
-    return std::abs(a.r - b.r) < 0.02 && std::abs(a.g - b.g) < 0.02 && std::abs(a.b - b.b) < 0.02;
-}
 
 struct GroupFixture : ::testing::Test {
     UiTestDriver driver;
