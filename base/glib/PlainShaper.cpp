@@ -40,11 +40,12 @@ bool PlainShaper::accepts(std::string const& utf8) {
 bool PlainShaper::shape(std::string const& utf8, Result& out) const {
     // One buffer, reused: the text engine's lock is held.
     static hb_buffer_t* const buffer = hb_buffer_create();
+    static hb_language_t const english = hb_language_from_string("en", -1);
     hb_buffer_clear_contents(buffer);
     hb_buffer_add_utf8(buffer, utf8.data(), int(utf8.size()), 0, int(utf8.size()));
     hb_buffer_set_direction(buffer, HB_DIRECTION_LTR);
     hb_buffer_set_script(buffer, HB_SCRIPT_LATIN);
-    hb_buffer_set_language(buffer, hb_language_from_string("en", -1));
+    hb_buffer_set_language(buffer, english);
     hb_shape(pango_font_get_hb_font(font_), buffer, nullptr, 0);
     unsigned count = 0;
     hb_glyph_info_t const* infos = hb_buffer_get_glyph_infos(buffer, &count);

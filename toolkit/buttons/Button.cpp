@@ -650,10 +650,10 @@ void Button::drawText() {
     if (!td.text.empty())
         canvas()->renderer().renderPrimitive(td);
     if (indicator)
-        drawIndicator(font, x, td.text.empty() ? 0 : font->measure(td.text).x);
+        drawIndicator(x, td.text.empty() ? 0 : font->measure(td.text).x);
 }
 
-void Button::drawIndicator(Qor::Ptr<iFont> const&, int textX, int textWidth) {
+void Button::drawIndicator(int textX, int textWidth) {
     LightweightString<wchar_t> name = style_ == TreeStyle ? L"tree-collapsed.png"
                                       : state_ == down    ? L"button-menu-hide.png"
                                                           : L"button-menu-reveal.png";

@@ -156,7 +156,7 @@ protected:
     void synthesiseClick();
     void dropCachedImages();
     unsigned edgeCorners() const;
-    void drawIndicator(Qor::Ptr<iFont> const& font, int textX, int textWidth);
+    void drawIndicator(int textX, int textWidth);
 
 private:
     Colour textUpCol_;
